@@ -1,0 +1,3 @@
+# GoogleTest from Debian's googletest/libgtest-dev packages.
+find_package(GTest REQUIRED)
+include(GoogleTest)
