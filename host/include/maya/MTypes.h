@@ -22,6 +22,16 @@
 class MStatus;
 class MString;
 class MObject;
+class MSyntax;
+
+// Function types a plug-in hands to MFnPlugin: a creator returning a new instance, a syntax builder
+// for commands, and a static initialiser for node types.
+typedef void* (*MCreatorFunction)();
+typedef MSyntax (*MCreateSyntaxFunction)();
+typedef MStatus (*MInitializeFunction)();
+
+typedef double double3[3];
+typedef float float3[3];
 
 // Space in which a geometric query or edit is expressed.
 class MSpace {

@@ -1,0 +1,21 @@
+#include "core/Uuid.h"
+
+#include <cstdio>
+#include <random>
+
+namespace mhost {
+
+std::string newUuidText() {
+    static std::mt19937_64 engine{std::random_device{}()};
+    unsigned char bytes[16];
+    for (unsigned char& b : bytes) b = static_cast<unsigned char>(engine());
+    bytes[6] = static_cast<unsigned char>((bytes[6] & 0x0F) | 0x40);  // version 4
+    bytes[8] = static_cast<unsigned char>((bytes[8] & 0x3F) | 0x80);  // RFC 4122 variant
+    char text[37];
+    std::snprintf(text, sizeof text, "%02X%02X%02X%02X-%02X%02X-%02X%02X-%02X%02X-%02X%02X%02X%02X%02X%02X",
+                  bytes[0], bytes[1], bytes[2], bytes[3], bytes[4], bytes[5], bytes[6], bytes[7], bytes[8],
+                  bytes[9], bytes[10], bytes[11], bytes[12], bytes[13], bytes[14], bytes[15]);
+    return text;
+}
+
+}  // namespace mhost

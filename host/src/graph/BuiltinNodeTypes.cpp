@@ -1,0 +1,78 @@
+#include "graph/BuiltinNodeTypes.h"
+
+#include "graph/NodeType.h"
+
+namespace mhost {
+namespace {
+
+const char* const kAxes[] = {"X", "Y", "Z", "W"};
+
+AttributePtr makeDagAttribute(const std::string& longName, const std::string& shortName, double value) {
+    return makeNumericAttribute(longName, shortName, MFnNumericData::kBoolean, value);
+}
+
+NodeTypePtr makeTransformType() {
+    auto type = std::make_shared<NodeType>();
+    type->name = "transform";
+    type->apiType = MFn::kTransform;
+    type->isDag = true;
+    addInheritedAttributes(*type);
+    type->addAttribute(makeNumericAttribute("translate", "t", MFnNumericData::k3Double));
+    type->addAttribute(makeNumericAttribute("rotate", "r", MFnNumericData::k3Double));
+    type->addAttribute(makeNumericAttribute("scale", "s", MFnNumericData::k3Double, 1.0));
+    return type;
+}
+
+}  // namespace
+
+AttributePtr makeNumericAttribute(const std::string& longName, const std::string& shortName,
+                                  MFnNumericData::Type type, double defaultValue) {
+    auto attribute = std::make_shared<Attribute>(AttributeKind::kNumeric, longName, shortName);
+    attribute->numericType = type;
+    const int count = numericComponentCount(type);
+    for (int i = 0; i < count; ++i) attribute->numericDefault[i] = defaultValue;
+    if (count > 1) {
+        const MFnNumericData::Type element = type == MFnNumericData::k3Float ? MFnNumericData::kFloat
+                                                                              : MFnNumericData::kDouble;
+        for (int i = 0; i < count; ++i) {
+            auto child = std::make_shared<Attribute>(AttributeKind::kNumeric, longName + kAxes[i],
+                                                     shortName + kAxes[i]);
+            child->numericType = element;
+            child->numericDefault[0] = defaultValue;
+            child->component = i;
+            attribute->addChild(child);
+        }
+    }
+    return attribute;
+}
+
+const BaseAttributes& baseAttributes() {
+    static const BaseAttributes base = [] {
+        BaseAttributes b;
+        b.message = std::make_shared<Attribute>(AttributeKind::kMessage, "message", "msg");
+        b.message->storable = false;
+        b.caching = makeNumericAttribute("caching", "cch", MFnNumericData::kBoolean);
+        b.frozen = makeNumericAttribute("frozen", "fzn", MFnNumericData::kBoolean);
+        b.isHistoricallyInteresting = makeNumericAttribute("isHistoricallyInteresting", "ihi",
+                                                           MFnNumericData::kByte, 2);
+        b.state = makeNumericAttribute("nodeState", "nds", MFnNumericData::kInt);
+        return b;
+    }();
+    return base;
+}
+
+void addInheritedAttributes(NodeType& type) {
+    const BaseAttributes& base = baseAttributes();
+    for (const auto& a : {base.message, base.caching, base.frozen, base.isHistoricallyInteresting, base.state})
+        type.addAttribute(a);
+    if (!type.isDag) return;
+    // Like the base attributes, one object per DAG attribute serves every DAG type.
+    static const AttributePtr visibility = makeDagAttribute("visibility", "v", 1.0);
+    static const AttributePtr intermediateObject = makeDagAttribute("intermediateObject", "io", 0.0);
+    type.addAttribute(visibility);
+    type.addAttribute(intermediateObject);
+}
+
+void registerBuiltinNodeTypes(NodeTypeRegistry& registry) { registry.add(makeTransformType()); }
+
+}  // namespace mhost

@@ -1,0 +1,86 @@
+#pragma once
+// The scene: every live node in creation order, unique names, the connections between plugs, dirty
+// propagation and pull evaluation. One scene per process, as in Maya.
+
+#include <maya/MStatus.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "graph/Node.h"
+
+namespace mhost {
+
+// A plug of a live node.
+struct PlugRef {
+    NodePtr node;
+    PlugKey key;
+
+    bool operator==(const PlugRef& o) const { return node == o.node && key == o.key; }
+};
+
+struct Connection {
+    PlugRef source;
+    PlugRef destination;
+};
+
+class Scene {
+public:
+    // Creates a node of the type under `parent` (DAG nodes; null = under the world), named after
+    // `requestedName` made unique (or after the type when empty). Runs the behaviour's creator and
+    // postConstructor. Throws HostError when the type cannot be created.
+    NodePtr createNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent = nullptr);
+    // Removes a node, its DAG children and every connection touching them.
+    void deleteNode(const NodePtr& node);
+    // Re-inserts a node removed by deleteNode (undo), with the connections given.
+    void restoreNode(const NodePtr& node, const std::vector<Connection>& connections);
+    // Renames a node to the requested name made unique; returns the name given.
+    std::string rename(const NodePtr& node, const std::string& requestedName);
+    // Moves a DAG node under a new parent (null = the world). Fails on cycles.
+    MStatus reparent(const NodePtr& node, Node* newParent);
+
+    // `requested` if no other node has it, else the stem (trailing digits removed) with the lowest
+    // free number from 1 up.
+    std::string uniqueName(const std::string& requested, const Node* except = nullptr) const;
+    NodePtr findNode(const std::string& name) const;
+    const std::vector<NodePtr>& nodes() const { return nodes_; }
+
+    // Connects source to destination. Fails when the destination has a source already (unless
+    // `force`), when the plugs are the same, or their types cannot be connected.
+    MStatus connect(const PlugRef& source, const PlugRef& destination, bool force, std::string* error = nullptr);
+    MStatus disconnect(const PlugRef& source, const PlugRef& destination);
+    std::optional<PlugRef> sourceOf(const PlugRef& destination) const;
+    std::vector<PlugRef> destinationsOf(const PlugRef& source) const;
+    // Connections that touch the node, as source or destination.
+    std::vector<Connection> connectionsOf(const Node& node) const;
+
+    // Pull evaluation: the value the plug has now, computing or pulling through connections when
+    // it is dirty.
+    PlugValue evaluate(const PlugRef& plug);
+    // Stores a value in the plug and dirties everything downstream.
+    void setValue(const PlugRef& plug, const PlugValue& value);
+    // Flags the plug and everything downstream of it dirty (attributeAffects, setDependentsDirty
+    // and connections).
+    void markDirty(const PlugRef& plug);
+
+    // Removes every node and connection.
+    void clear();
+
+private:
+    void propagateDirty(const PlugRef& plug, std::vector<PlugRef>& visited);
+    void dirtyWithinNode(const PlugRef& plug, std::vector<PlugRef>& visited);
+    PlugValue pullFrom(const PlugRef& source, const PlugRef& destination);
+    void detach(const NodePtr& node, std::vector<NodePtr>& removed);
+
+    std::vector<NodePtr> nodes_;
+    std::vector<Connection> connections_;
+};
+
+Scene& scene();
+
+// Whether two plugs overlap: the same plug, an array and one of its elements, or a compound and one
+// of its children.
+bool plugsOverlap(const PlugRef& a, const PlugRef& b);
+
+}  // namespace mhost
