@@ -45,6 +45,7 @@ public:
         kCompoundAttribute = 571,
         kGenericAttribute = 572,
         kMessageAttribute = 576,
+        kPlugin = 577,
         kData = 578,
         kComponentListData = 579,
         kDoubleArrayData = 580,

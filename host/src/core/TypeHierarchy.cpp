@@ -62,6 +62,7 @@ const std::unordered_map<int, TypeInfo>& hierarchy() {
         {MFn::kAttribute3Float, {MFn::kCompoundAttribute, "kAttribute3Float"}},
         {MFn::kGenericAttribute, {MFn::kAttribute, "kGenericAttribute"}},
         {MFn::kMessageAttribute, {MFn::kAttribute, "kMessageAttribute"}},
+        {MFn::kPlugin, {MFn::kBase, "kPlugin"}},
         {MFn::kData, {MFn::kBase, "kData"}},
         {MFn::kComponentListData, {MFn::kData, "kComponentListData"}},
         {MFn::kDoubleArrayData, {MFn::kData, "kDoubleArrayData"}},

@@ -31,6 +31,9 @@ struct NodeType {
     std::function<MPxNode*()> create;
     // Object-space bounds of a node of this type; unset for types without geometry.
     std::function<MBoundingBox(const std::shared_ptr<class Node>&)> bounds;
+    // Parses a component name such as "vtx[3]" or "e[0:4]" of a node of this type into a component
+    // object; unset (or a null result) when the type has no such components.
+    std::function<MObject(const std::shared_ptr<class Node>&, const std::string&)> component;
 
     // Static attributes in the order they were added (top-level ones; children hang below them).
     std::vector<AttributePtr> attributes;

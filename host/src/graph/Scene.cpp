@@ -53,20 +53,23 @@ bool plugsOverlap(const PlugRef& a, const PlugRef& b) {
     return related && (a.key.index == b.key.index || a.key.index == -1 || b.key.index == -1);
 }
 
-NodePtr Scene::createNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent) {
+NodePtr Scene::makeNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent) {
     auto node = std::make_shared<Node>(type, uniqueName(requestedName.empty() ? type->name + "1" : requestedName));
     node->uuid = newUuidText();
+    node->alive = false;
+    if (type->isDag) node->parent = parent;
     if (type->create) {
         MPxNode* behaviour = type->create();
         if (!behaviour) throw HostError("Scene: the creator of node type '" + type->name + "' returned null");
         node->behaviour.reset(behaviour);
         attachBehaviour(*behaviour, *node);
     }
-    nodes_.push_back(node);
-    if (type->isDag && parent) {
-        node->parent = parent;
-        parent->children.push_back(node);
-    }
+    return node;
+}
+
+NodePtr Scene::createNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent) {
+    NodePtr node = makeNode(type, requestedName, parent);
+    restoreNode(node, {});
     if (node->behaviour) node->behaviour->postConstructor();
     return node;
 }
@@ -99,6 +102,7 @@ void Scene::restoreNode(const NodePtr& node, const std::vector<Connection>& conn
     detach(node, subtree);
     for (const auto& n : subtree) {
         n->alive = true;
+        n->name = uniqueName(n->name, n.get());
         nodes_.push_back(n);
     }
     if (node->parent) node->parent->children.push_back(node);

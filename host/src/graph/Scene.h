@@ -31,9 +31,13 @@ public:
     // `requestedName` made unique (or after the type when empty). Runs the behaviour's creator and
     // postConstructor. Throws HostError when the type cannot be created.
     NodePtr createNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent = nullptr);
+    // Makes a node and its behaviour without putting it in the scene (MDGModifier creates this way
+    // and inserts at doIt). The parent link is set but the parent does not list it yet.
+    NodePtr makeNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent = nullptr);
     // Removes a node, its DAG children and every connection touching them.
     void deleteNode(const NodePtr& node);
-    // Re-inserts a node removed by deleteNode (undo), with the connections given.
+    // Puts a node made by makeNode, or removed by deleteNode (undo), into the scene with its DAG
+    // children and the connections given; a name taken meanwhile is made unique.
     void restoreNode(const NodePtr& node, const std::vector<Connection>& connections);
     // Renames a node to the requested name made unique; returns the name given.
     std::string rename(const NodePtr& node, const std::string& requestedName);
