@@ -23,6 +23,24 @@ NodeTypePtr makeTransformType() {
     return type;
 }
 
+AttributePtr makeMessageArray(const std::string& longName, const std::string& shortName) {
+    auto attribute = std::make_shared<Attribute>(AttributeKind::kMessage, longName, shortName);
+    attribute->array = true;
+    attribute->storable = false;
+    return attribute;
+}
+
+// A shading group: sets of DAG members, joined by connecting a member's instObjGroups[0] to one of
+// the set's dagSetMembers elements, as Maya does.
+NodeTypePtr makeShadingEngineType() {
+    auto type = std::make_shared<NodeType>();
+    type->name = "shadingEngine";
+    type->apiType = MFn::kShadingEngine;
+    addInheritedAttributes(*type);
+    type->addAttribute(makeMessageArray("dagSetMembers", "dsm"));
+    return type;
+}
+
 }  // namespace
 
 AttributePtr makeNumericAttribute(const std::string& longName, const std::string& shortName,
@@ -32,8 +50,7 @@ AttributePtr makeNumericAttribute(const std::string& longName, const std::string
     const int count = numericComponentCount(type);
     for (int i = 0; i < count; ++i) attribute->numericDefault[i] = defaultValue;
     if (count > 1) {
-        const MFnNumericData::Type element = type == MFnNumericData::k3Float ? MFnNumericData::kFloat
-                                                                              : MFnNumericData::kDouble;
+        const MFnNumericData::Type element = numericElementType(type);
         for (int i = 0; i < count; ++i) {
             auto child = std::make_shared<Attribute>(AttributeKind::kNumeric, longName + kAxes[i],
                                                      shortName + kAxes[i]);
@@ -69,10 +86,15 @@ void addInheritedAttributes(NodeType& type) {
     // Like the base attributes, one object per DAG attribute serves every DAG type.
     static const AttributePtr visibility = makeDagAttribute("visibility", "v", 1.0);
     static const AttributePtr intermediateObject = makeDagAttribute("intermediateObject", "io", 0.0);
+    static const AttributePtr instObjGroups = makeMessageArray("instObjGroups", "iog");
     type.addAttribute(visibility);
     type.addAttribute(intermediateObject);
+    type.addAttribute(instObjGroups);
 }
 
-void registerBuiltinNodeTypes(NodeTypeRegistry& registry) { registry.add(makeTransformType()); }
+void registerBuiltinNodeTypes(NodeTypeRegistry& registry) {
+    registry.add(makeTransformType());
+    registry.add(makeShadingEngineType());
+}
 
 }  // namespace mhost

@@ -1,0 +1,29 @@
+#pragma once
+// MFnPointArrayData: creates and edits point array data objects, the values of typed attributes of type
+// MFnData::kPointArray (and of generic attributes that accept it).
+
+#include <maya/MFnData.h>
+
+class MPoint;
+class MPointArray;
+
+class OPENMAYA_EXPORT MFnPointArrayData : public MFnData {
+    MHOST_DECLARE_MFN(MFnPointArrayData)
+
+    // Number of elements of the attached data; 0 with kInvalidParameter when nothing is attached.
+    unsigned int length(MStatus* ReturnStatus = NULL) const;
+    // Replaces one existing element; kInvalidParameter when the index is past the end.
+    MStatus set(MPoint& element, unsigned int index);
+    // Copies the elements into the given array, replacing its contents.
+    MStatus copyTo(MPointArray&) const;
+    // Replaces all elements with a copy of the given array.
+    MStatus set(const MPointArray& newArray);
+    // A copy of the elements; editing it leaves the data unchanged (use set to store it back).
+    MPointArray array(MStatus* ReturnStatus = NULL);
+    // Create a data object, empty or holding a copy of the given array, and attach the set to it.
+    MObject create(MStatus* ReturnStatus = NULL);
+    MObject create(const MPointArray& in, MStatus* ReturnStatus = NULL);
+    // Element access; throws std::out_of_range past the end (there is no status to report it).
+    const MPoint& operator[](unsigned int index) const;
+    MPoint& operator[](unsigned int index);
+};

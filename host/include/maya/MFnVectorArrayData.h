@@ -1,0 +1,29 @@
+#pragma once
+// MFnVectorArrayData: creates and edits vector array data objects, the values of typed attributes of type
+// MFnData::kVectorArray (and of generic attributes that accept it).
+
+#include <maya/MFnData.h>
+
+class MVector;
+class MVectorArray;
+
+class OPENMAYA_EXPORT MFnVectorArrayData : public MFnData {
+    MHOST_DECLARE_MFN(MFnVectorArrayData)
+
+    // Number of elements of the attached data; 0 with kInvalidParameter when nothing is attached.
+    unsigned int length(MStatus* ReturnStatus = NULL) const;
+    // Replaces one existing element; kInvalidParameter when the index is past the end.
+    MStatus set(MVector& element, unsigned int index);
+    // Copies the elements into the given array, replacing its contents.
+    MStatus copyTo(MVectorArray&) const;
+    // Replaces all elements with a copy of the given array.
+    MStatus set(const MVectorArray& newArray);
+    // A copy of the elements; editing it leaves the data unchanged (use set to store it back).
+    MVectorArray array(MStatus* ReturnStatus = NULL);
+    // Create a data object, empty or holding a copy of the given array, and attach the set to it.
+    MObject create(MStatus* ReturnStatus = NULL);
+    MObject create(const MVectorArray& in, MStatus* ReturnStatus = NULL);
+    // Element access; throws std::out_of_range past the end (there is no status to report it).
+    const MVector& operator[](unsigned int index) const;
+    MVector& operator[](unsigned int index);
+};
