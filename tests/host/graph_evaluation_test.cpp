@@ -144,15 +144,15 @@ TEST_F(GraphEvaluation, TypedDataIsCopiedOnWriteAndReadsEmptyWhenNeverSet) {
 }
 
 TEST_F(GraphEvaluation, NamesAreMadeUniqueWithTheLowestFreeNumber) {
-    EXPECT_EQ("adder1", MFnDependencyNode(makeAdder()).name());
-    EXPECT_EQ("adder2", MFnDependencyNode(makeAdder()).name());
-    EXPECT_EQ("foo", MFnDependencyNode(makeAdder("foo")).name());
-    EXPECT_EQ("foo1", MFnDependencyNode(makeAdder("foo")).name());
+    EXPECT_STREQ("adder1", MFnDependencyNode(makeAdder()).name().asChar());
+    EXPECT_STREQ("adder2", MFnDependencyNode(makeAdder()).name().asChar());
+    EXPECT_STREQ("foo", MFnDependencyNode(makeAdder("foo")).name().asChar());
+    EXPECT_STREQ("foo1", MFnDependencyNode(makeAdder("foo")).name().asChar());
     MObject third = makeAdder("foo7");
-    EXPECT_EQ("foo7", MFnDependencyNode(third).name());
-    EXPECT_EQ("foo2", MFnDependencyNode(makeAdder("foo7")).name());
+    EXPECT_STREQ("foo7", MFnDependencyNode(third).name().asChar());
+    EXPECT_STREQ("foo2", MFnDependencyNode(makeAdder("foo7")).name().asChar());
     MFnDependencyNode(third).setName("adder1");
-    EXPECT_EQ("adder3", MFnDependencyNode(third).name());
+    EXPECT_STREQ("adder3", MFnDependencyNode(third).name().asChar());
 }
 
 TEST_F(GraphEvaluation, ArrayPlugsAddressElementsLogicallyAndPhysically) {

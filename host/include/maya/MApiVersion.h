@@ -7,7 +7,9 @@
 #ifndef MNoVersionString
 #define MHOST_VERSION_TEXT2(v) #v
 #define MHOST_VERSION_TEXT(v) MHOST_VERSION_TEXT2(v)
-PLUGIN_EXPORT char MApiVersion[] = MHOST_VERSION_TEXT(MAYA_API_VERSION);
+extern "C" {
+__attribute__((visibility("default"))) char MApiVersion[] = MHOST_VERSION_TEXT(MAYA_API_VERSION);
+}
 #undef MHOST_VERSION_TEXT
 #undef MHOST_VERSION_TEXT2
 #endif

@@ -1,0 +1,54 @@
+#pragma once
+// MGlobal: application-wide services as static functions. This part runs script commands, keeps the
+// option variables and writes messages to the host's log; the selection part sits beside it.
+
+#include <maya/MStatus.h>
+#include <maya/MString.h>
+#include <maya/MTypes.h>
+
+class MDoubleArray;
+class MIntArray;
+class MStringArray;
+
+class OPENMAYA_EXPORT MGlobal {
+public:
+    // Runs script text (see host/README.md for the language). displayEnabled echoes the text to the
+    // log; undoEnabled files each undoable command on the undo queue. A failure stops the script at
+    // the failing command and returns a failing status; the commands before it keep their effect.
+    static MStatus executeCommand(const MString& command, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+    // As above, with the last command's result converted to the requested type (a scalar reading of
+    // an array takes its first element; no result reads as 0, "" or an empty array).
+    static MStatus executeCommand(const MString& command, int& result, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+    static MStatus executeCommand(const MString& command, MIntArray& result, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+    static MStatus executeCommand(const MString& command, double& result, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+    static MStatus executeCommand(const MString& command, MDoubleArray& result, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+    static MStatus executeCommand(const MString& command, MStringArray& result, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+    // The last command's result as text, array elements separated by a blank; "" on failure.
+    static MString executeCommandStringResult(const MString& command, bool displayEnabled = false,
+                                              bool undoEnabled = false, MStatus* ResultStatus = nullptr);
+    static MStatus executeCommand(const MString& command, MString& result, bool displayEnabled = false,
+                                  bool undoEnabled = false);
+
+    // Messages to the host's log: info to stdout, warnings and errors to stderr.
+    static void displayInfo(const MString& theMessage);
+    static void displayWarning(const MString& theWarning);
+    static void displayError(const MString& theError);
+
+    // Option variables. A read sets *exists and returns the value converted to the requested type
+    // (a missing variable reads as 0, 0.0 or ""). A set replaces the value whatever its earlier type
+    // and returns false only for an empty name.
+    static int optionVarIntValue(const MString& name, bool* exists = nullptr);
+    static double optionVarDoubleValue(const MString& name, bool* exists = nullptr);
+    static MString optionVarStringValue(const MString& name, bool* exists = nullptr);
+    static bool setOptionVarValue(const MString& name, int value);
+    static bool setOptionVarValue(const MString& name, double value);
+    static bool setOptionVarValue(const MString& name, MString value);
+    static void removeOptionVar(const MString& name);
+    static bool optionVarExists(const MString& name);
+};
