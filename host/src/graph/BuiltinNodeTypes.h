@@ -16,10 +16,10 @@ struct BaseAttributes {
 const BaseAttributes& baseAttributes();
 
 // Gives a new node type the attributes every node of its family has: the base attributes, plus the
-// DAG ones ("visibility", "intermediateObject") for DAG types.
+// DAG ones ("visibility", "intermediateObject", "instObjGroups") for DAG types.
 void addInheritedAttributes(NodeType& type);
 
-// Registers "transform" and the other built-in types.
+// Registers "transform", "shadingEngine" and the other built-in types.
 void registerBuiltinNodeTypes(NodeTypeRegistry& registry);
 
 // Makes an attribute the way the host's built-in types need them.

@@ -277,6 +277,7 @@ void Scene::dirtyWithinNode(const PlugRef& plug, std::vector<PlugRef>& visited) 
 }
 
 void Scene::clear() {
+    settings = SceneSettings();
     connections_.clear();
     for (const auto& node : nodes_) node->alive = false;
     nodes_.clear();

@@ -2,6 +2,7 @@
 // The scene: every live node in creation order, unique names, the connections between plugs, dirty
 // propagation and pull evaluation. One scene per process, as in Maya.
 
+#include <maya/MSelectionList.h>
 #include <maya/MStatus.h>
 
 #include <optional>
@@ -18,6 +19,13 @@ struct PlugRef {
     PlugKey key;
 
     bool operator==(const PlugRef& o) const { return node == o.node && key == o.key; }
+};
+
+// Scene-wide state that is not a node: the active selection and the modelling preferences.
+struct SceneSettings {
+    MSelectionList activeSelection;
+    bool constructionHistory = true;  // "constructionHistory -toggle"
+    std::string selectMode = "object";  // "changeSelectMode"
 };
 
 struct Connection {
@@ -68,8 +76,10 @@ public:
     // and connections).
     void markDirty(const PlugRef& plug);
 
-    // Removes every node and connection.
+    // Removes every node and connection, and resets the settings.
     void clear();
+
+    SceneSettings settings;
 
 private:
     void propagateDirty(const PlugRef& plug, std::vector<PlugRef>& visited);
