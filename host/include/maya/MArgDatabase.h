@@ -6,6 +6,8 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
+class MSelectionList;
+
 class OPENMAYA_EXPORT MArgDatabase : public MArgParser {
 public:
     MArgDatabase();
@@ -22,6 +24,9 @@ public:
     MStatus getCommandArgument(unsigned int index, int& result) const;
     MStatus getCommandArgument(unsigned int index, double& result) const;
     MStatus getCommandArgument(unsigned int index, MString& result) const;
+    // The objects of the line resolved to a selection list; kInvalidParameter for a name that matches
+    // nothing.
+    MStatus getObjects(MSelectionList& result) const;
     MStatus getObjects(MStringArray& result) const;
     static const char* className();
 };

@@ -6,12 +6,31 @@
 #include <maya/MString.h>
 #include <maya/MTypes.h>
 
+class MDagPath;
 class MDoubleArray;
+class MObject;
+class MSelectionList;
 class MIntArray;
 class MStringArray;
 
 class OPENMAYA_EXPORT MGlobal {
 public:
+    // How a selection change combines with the active selection.
+    enum ListAdjustment { kReplaceList, kXORWithList, kAddToList, kRemoveFromList, kAddToHeadOfList };
+
+    // The active selection: a copy of it, replaced or combined wholesale, or changed by name or by
+    // object. Names are resolved as MSelectionList::add resolves them.
+    static MStatus getActiveSelectionList(MSelectionList& dest, bool orderedSelectionIfAvailable = false);
+    static MStatus setActiveSelectionList(const MSelectionList& src, ListAdjustment = kReplaceList);
+    static MStatus getSelectionListByName(const MString& name, MSelectionList& list);
+    static MStatus selectByName(const MString& name, ListAdjustment = kAddToList);
+    static MStatus unselectByName(const MString& name);
+    static MStatus select(MObject& object, ListAdjustment = kAddToList);
+    static MStatus select(const MDagPath& object, const MObject& component, ListAdjustment = kAddToList);
+    static MStatus unselect(MObject& object);
+    static MStatus clearSelectionList();
+    static bool isSelected(MObject& object, MStatus* ReturnStatus = NULL);
+
     // Runs script text (see host/README.md for the language). displayEnabled echoes the text to the
     // log; undoEnabled files each undoable command on the undo queue. A failure stops the script at
     // the failing command and returns a failing status; the commands before it keep their effect.

@@ -3,14 +3,15 @@
 // creator; its static attributes are added in the type's initialiser with addAttribute and
 // attributeAffects.
 
+#include <maya/MDataBlock.h>
+#include <maya/MDataHandle.h>
 #include <maya/MObject.h>
+#include <maya/MPlug.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
 #include <maya/MTypeId.h>
 
-class MPlug;
 class MPlugArray;
-class MDataBlock;
 class MDGContext;
 class MEvaluationNode;
 class MPxNode;
