@@ -2,6 +2,9 @@
 
 #include "graph/NodeType.h"
 
+#include <cctype>
+#include <tuple>
+
 namespace mhost {
 namespace {
 
@@ -11,15 +14,23 @@ AttributePtr makeDagAttribute(const std::string& longName, const std::string& sh
     return makeNumericAttribute(longName, shortName, MFnNumericData::kBoolean, value);
 }
 
+// Maya's transform channels are "tx", "ry", "sz": short names with lower-case axis letters.
+AttributePtr lowerCaseChildShortNames(AttributePtr attribute) {
+    for (auto& child : attribute->children)
+        child->shortName.back() = static_cast<char>(std::tolower(child->shortName.back()));
+    return attribute;
+}
+
 NodeTypePtr makeTransformType() {
     auto type = std::make_shared<NodeType>();
     type->name = "transform";
     type->apiType = MFn::kTransform;
     type->isDag = true;
     addInheritedAttributes(*type);
-    type->addAttribute(makeNumericAttribute("translate", "t", MFnNumericData::k3Double));
-    type->addAttribute(makeNumericAttribute("rotate", "r", MFnNumericData::k3Double));
-    type->addAttribute(makeNumericAttribute("scale", "s", MFnNumericData::k3Double, 1.0));
+    for (const auto& [longName, shortName, value] :
+         {std::tuple{"translate", "t", 0.0}, {"rotate", "r", 0.0}, {"scale", "s", 1.0}})
+        type->addAttribute(
+            lowerCaseChildShortNames(makeNumericAttribute(longName, shortName, MFnNumericData::k3Double, value)));
     return type;
 }
 

@@ -76,7 +76,8 @@ MPlug lookUpPlug(const NodePtr& node, const std::string& attributePath) {
         int pieceIndex = -1;
         if (!splitIndex(piece, name, pieceIndex)) return MPlug();
         const Attribute* next = node->type->findAttribute(name);
-        if (!next || (attribute && next->parent != attribute) || (!attribute && next->parent)) return MPlug();
+        // A child may be named alone ("node.tx"), since attribute names are unique within a node.
+        if (!next || (attribute && next->parent != attribute)) return MPlug();
         if (pieceIndex >= 0 && !next->array) return MPlug();
         if (pieceIndex >= 0) index = pieceIndex;
         attribute = next;

@@ -200,46 +200,59 @@ std::vector<Connection> Scene::connectionsOf(const Node& node) const {
 PlugValue Scene::pullFrom(const PlugRef& source, const PlugRef& destination) {
     PlugValue pulled = evaluate(source);
     if (DataPtr data = dataOf(pulled.data)) pulled.data = wrapData(data->clone());
-    Node& node = *destination.node;
-    node.values[destination.key] = pulled;
-    node.setClean(destination.key);
+    store(destination, pulled);
+    destination.node->setClean(destination.key);
     return pulled;
+}
+
+PlugRef Scene::storageOf(const PlugRef& plug) {
+    const Attribute* attribute = plug.key.attribute;
+    return attribute->component >= 0 ? PlugRef{plug.node, {attribute->parent, plug.key.index}} : plug;
+}
+
+void Scene::store(const PlugRef& plug, const PlugValue& value) {
+    Node& node = *plug.node;
+    const int component = plug.key.attribute->component;
+    if (component < 0) {
+        node.values[plug.key] = value;
+        return;
+    }
+    const PlugKey parentKey = storageOf(plug).key;
+    PlugValue whole = node.storedValue(parentKey);
+    whole.numbers[component] = value.numbers[0];
+    node.values[parentKey] = whole;
 }
 
 PlugValue Scene::evaluate(const PlugRef& plug) {
     Node& node = *plug.node;
     const Attribute* attribute = plug.key.attribute;
     if (auto source = sourceOf(plug)) {
-        if (node.isDirty(plug.key) || !node.values.count(plug.key)) return pullFrom(*source, plug);
-        return node.values[plug.key];
-    }
-    if (attribute->component >= 0) {
-        PlugValue whole = evaluate({plug.node, {attribute->parent, plug.key.index}});
+        if (node.isDirty(plug.key)) return pullFrom(*source, plug);
+    } else if (attribute->component >= 0) {
+        PlugValue whole = evaluate(storageOf(plug));
         PlugValue part;
         part.numbers[0] = whole.numbers[attribute->component];
         return part;
-    }
-    if (node.isDirty(plug.key) && node.type->isComputed(attribute) && node.behaviour) {
+    } else if (node.isDirty(plug.key) && node.type->isComputed(attribute) && node.behaviour) {
         MDataBlock block = makeDataBlock(node);
         // kUnknownParameter means "not mine": the stored value stands, as Maya falls back on it.
         node.behaviour->compute(makePlug(plug), block);
         node.setClean(plug.key);
     }
-    return node.storedValue(plug.key);
+    return storedComponent(plug);
+}
+
+PlugValue Scene::storedComponent(const PlugRef& plug) const {
+    const int component = plug.key.attribute->component;
+    if (component < 0) return plug.node->storedValue(plug.key);
+    PlugValue part;
+    part.numbers[0] = plug.node->storedValue(storageOf(plug).key).numbers[component];
+    return part;
 }
 
 void Scene::setValue(const PlugRef& plug, const PlugValue& value) {
-    Node& node = *plug.node;
-    const Attribute* attribute = plug.key.attribute;
-    if (attribute->component >= 0) {
-        PlugKey parentKey{attribute->parent, plug.key.index};
-        PlugValue whole = node.storedValue(parentKey);
-        whole.numbers[attribute->component] = value.numbers[0];
-        node.values[parentKey] = whole;
-    } else {
-        node.values[plug.key] = value;
-    }
-    node.setClean(plug.key);
+    store(plug, value);
+    plug.node->setClean(plug.key);
     std::vector<PlugRef> visited{plug};
     dirtyWithinNode(plug, visited);
     for (const auto& c : std::vector<Connection>(connections_))

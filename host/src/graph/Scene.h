@@ -72,6 +72,11 @@ public:
     PlugValue evaluate(const PlugRef& plug);
     // Stores a value in the plug and dirties everything downstream.
     void setValue(const PlugRef& plug, const PlugValue& value);
+    // The plug whose stored value holds this plug's: the parent for a child of a numeric compound
+    // (whose values live in the parent's components), the plug itself otherwise.
+    static PlugRef storageOf(const PlugRef& plug);
+    // The stored value of a plug, without evaluating; a numeric child reads its component.
+    PlugValue storedComponent(const PlugRef& plug) const;
     // Flags the plug and everything downstream of it dirty (attributeAffects, setDependentsDirty
     // and connections).
     void markDirty(const PlugRef& plug);
@@ -85,6 +90,8 @@ private:
     void propagateDirty(const PlugRef& plug, std::vector<PlugRef>& visited);
     void dirtyWithinNode(const PlugRef& plug, std::vector<PlugRef>& visited);
     PlugValue pullFrom(const PlugRef& source, const PlugRef& destination);
+    // Writes a value where the plug keeps it (see storageOf), without dirtying anything.
+    void store(const PlugRef& plug, const PlugValue& value);
     void detach(const NodePtr& node, std::vector<NodePtr>& removed);
 
     std::vector<NodePtr> nodes_;

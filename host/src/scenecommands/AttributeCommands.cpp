@@ -34,7 +34,7 @@ public:
         MPlug plug;
         MStatus status = resolvePlug(words[0], plug);
         if (!status) return status;
-        plug_ = plug.hostPlug();
+        plug_ = Scene::storageOf(plug.hostPlug());
         before_ = plug_.node->storedValue(plug_.key);
         words.erase(words.begin());
         status = typeName == "string" ? plug.setString(MString(words[0].c_str())) : setNumbers(plug, words);
@@ -55,7 +55,7 @@ public:
 
 private:
     MStatus setNumbers(MPlug& plug, const std::vector<std::string>& words) {
-        const Attribute& attribute = *plug_.key.attribute;
+        const Attribute& attribute = *plug.hostPlug().key.attribute;
         const int expected = attribute.kind == AttributeKind::kNumeric ? std::max(1, attribute.componentCount()) : 0;
         if (expected == 0) return fail(std::string("setAttr: ") + plug.name().asChar() + " does not hold numbers");
         if (static_cast<int>(words.size()) != expected)

@@ -16,7 +16,7 @@ MStatus SceneCommand::resolveNodes(const MStringArray& names, std::vector<NodePt
 
 MStatus SceneCommand::resolvePlug(const std::string& name, MPlug& plug) {
     NameMatch match = lookUpName(name);
-    if (!match.node) return fail("No object matches name: " + name);
+    if (!lookUpNode(name.substr(0, name.find('.')))) return fail("No object matches name: " + name);
     if (match.plug.isNull()) return fail("No attribute matches name: " + name);
     plug = match.plug;
     return MS::kSuccess;
