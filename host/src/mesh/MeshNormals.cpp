@@ -1,0 +1,120 @@
+#include "mesh/MeshNormals.h"
+
+#include <cmath>
+#include <numeric>
+
+#include "mesh/MeshTopology.h"
+
+namespace mhost {
+namespace {
+
+Vec3 pointAt(const float* coords, int vertex) {
+    const float* p = coords + 3 * static_cast<std::size_t>(vertex);
+    return {p[0], p[1], p[2]};
+}
+
+// Calls visit(face, faceVertex, vertex, angle) for every corner; angle is the unsigned angle between
+// the polygon's two edges at that corner, 0 where an edge has no length.
+template <class Visit>
+void forEachCorner(const MeshTopology& mesh, const Visit& visit) {
+    const float* coords = mesh.rawPoints();
+    for (int f = 0; f < mesh.numFaces(); ++f) {
+        const IndexRange corners = mesh.faceVertices(f);
+        const int n = corners.size();
+        for (int k = 0; k < n; ++k) {
+            const Vec3 here = pointAt(coords, corners[k]);
+            const Vec3 toPrevious = pointAt(coords, corners[(k + n - 1) % n]) - here;
+            const Vec3 toNext = pointAt(coords, corners[(k + 1) % n]) - here;
+            const double angle = std::atan2(length(cross(toPrevious, toNext)), dot(toPrevious, toNext));
+            visit(f, mesh.faces().offsets[f] + k, corners[k], angle);
+        }
+    }
+}
+
+// Union-find over face-vertices, grouping the corners at one vertex that share a smooth normal.
+class CornerGroups {
+public:
+    explicit CornerGroups(int count) : parent_(count) { std::iota(parent_.begin(), parent_.end(), 0); }
+
+    int root(int corner) {
+        while (parent_[corner] != corner) corner = parent_[corner] = parent_[parent_[corner]];
+        return corner;
+    }
+    void join(int a, int b) { parent_[root(a)] = root(b); }
+
+private:
+    std::vector<int> parent_;
+};
+
+int cornerOfVertex(const MeshTopology& mesh, int face, int vertex) {
+    const IndexRange corners = mesh.faceVertices(face);
+    for (int k = 0; k < corners.size(); ++k) {
+        if (corners[k] == vertex) return mesh.faces().offsets[face] + k;
+    }
+    return -1;
+}
+
+// Joins, at both ends of every smooth edge, the corners of all the faces on that edge.
+CornerGroups smoothCornerGroups(const MeshTopology& mesh) {
+    const MeshAdjacency& adjacency = mesh.adjacency();
+    CornerGroups groups(mesh.numFaceVertices());
+    for (int e = 0; e < adjacency.numEdges(); ++e) {
+        if (!mesh.isEdgeSmooth(e)) continue;
+        const IndexRange faces = adjacency.edgeFaces(e);
+        const auto ends = adjacency.edgeVertices(e);
+        for (int vertex : {ends.first, ends.second}) {
+            const int first = cornerOfVertex(mesh, faces[0], vertex);
+            for (int i = 1; i < faces.size(); ++i) groups.join(first, cornerOfVertex(mesh, faces[i], vertex));
+        }
+    }
+    return groups;
+}
+
+}  // namespace
+
+// Coordinates are taken relative to the first corner so that a small polygon far from the origin keeps
+// its precision.
+Vec3 newellNormal(const float* coords, IndexRange corners) {
+    const Vec3 origin = pointAt(coords, corners[0]);
+    Vec3 sum;
+    for (int k = 0; k < corners.size(); ++k) {
+        const Vec3 a = pointAt(coords, corners[k]) - origin;
+        const Vec3 b = pointAt(coords, corners[(k + 1) % corners.size()]) - origin;
+        sum += Vec3((a.y - b.y) * (a.z + b.z), (a.z - b.z) * (a.x + b.x), (a.x - b.x) * (a.y + b.y));
+    }
+    return normalized(sum);
+}
+
+std::vector<Vec3> computeFaceNormals(const MeshTopology& mesh) {
+    std::vector<Vec3> normals(mesh.numFaces());
+    for (int f = 0; f < mesh.numFaces(); ++f)
+        normals[f] = newellNormal(mesh.rawPoints(), mesh.faceVertices(f));
+    return normals;
+}
+
+std::vector<Vec3> computeVertexNormals(const MeshTopology& mesh, bool angleWeighted) {
+    const std::vector<Vec3>& faceNormals = mesh.faceNormals();
+    std::vector<Vec3> sums(mesh.numVertices());
+    forEachCorner(mesh, [&](int face, int, int vertex, double angle) {
+        sums[vertex] += faceNormals[face] * (angleWeighted ? angle : 1.0);
+    });
+    for (Vec3& n : sums) n = normalized(n);
+    return sums;
+}
+
+std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh) {
+    const std::vector<Vec3>& faceNormals = mesh.faceNormals();
+    CornerGroups groups = smoothCornerGroups(mesh);
+    std::vector<Vec3> sums(mesh.numFaceVertices());
+    forEachCorner(mesh, [&](int face, int corner, int, double angle) {
+        sums[groups.root(corner)] += faceNormals[face] * angle;
+    });
+    std::vector<Vec3> normals(mesh.numFaceVertices());
+    forEachCorner(mesh, [&](int face, int corner, int, double) {
+        const Vec3 n = normalized(sums[groups.root(corner)]);
+        normals[corner] = lengthSquared(n) > 0 ? n : faceNormals[face];
+    });
+    return normals;
+}
+
+}  // namespace mhost

@@ -1,0 +1,382 @@
+#include "mesh/RayAccelerator.h"
+
+#include <embree3/rtcore.h>
+
+#include <algorithm>
+#include <array>
+#include <cfloat>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <tuple>
+
+#include "core/ApiObject.h"
+#include "mesh/FanTriangulation.h"
+#include "mesh/MeshTopology.h"
+#include "mesh/TriangleGeometry.h"
+
+namespace mhost {
+namespace {
+
+constexpr const char* kOwner = "RayAccelerator";
+
+[[noreturn]] void fail(const std::string& message) { throw HostError(std::string(kOwner) + ": " + message); }
+
+// One Embree device for the whole process: creating one starts its thread pool.
+RTCDevice sharedDevice() {
+    static const RTCDevice device = [] {
+        RTCDevice created = rtcNewDevice(nullptr);
+        if (!created) fail("Embree could not create a device");
+        return created;
+    }();
+    return device;
+}
+
+void throwOnDeviceError(const char* step) {
+    const RTCError error = rtcGetDeviceError(sharedDevice());
+    if (error != RTC_ERROR_NONE)
+        fail(std::string("Embree failed while ") + step + " (error " + std::to_string(error) + ")");
+}
+
+// Embree works in single precision; reaches beyond its range become infinite.
+float toFloatReach(double reach) {
+    return reach >= FLT_MAX ? std::numeric_limits<float>::infinity() : float(reach);
+}
+
+Vec3 pointAt(const std::vector<float>& coords, unsigned vertex) {
+    const float* p = coords.data() + 3 * static_cast<std::size_t>(vertex);
+    return {p[0], p[1], p[2]};
+}
+
+std::optional<std::vector<int>> sortedCopy(const std::optional<std::vector<int>>& ids) {
+    if (!ids) return std::nullopt;
+    std::vector<int> sorted = *ids;
+    if (!std::is_sorted(sorted.begin(), sorted.end())) std::sort(sorted.begin(), sorted.end());
+    return sorted;
+}
+
+// The face and triangle restrictions of a query, looked up by binary search.
+class HitFilter {
+public:
+    explicit HitFilter(const RayQuery& query)
+        : faces_(sortedCopy(query.faceIds)), triangles_(sortedCopy(query.triangleIds)) {}
+    bool restricts() const { return faces_ || triangles_; }
+    bool accepts(int face, int triangleInFace) const {
+        return contains(faces_, face) && contains(triangles_, triangleInFace);
+    }
+
+private:
+    static bool contains(const std::optional<std::vector<int>>& ids, int id) {
+        return !ids || std::binary_search(ids->begin(), ids->end(), id);
+    }
+    std::optional<std::vector<int>> faces_;
+    std::optional<std::vector<int>> triangles_;
+};
+
+struct RawHit {
+    unsigned triangle;
+    float param;  // along the direction Embree traced
+    float u, v;   // Embree's: the hit is (1 - u - v) * v0 + u * v1 + v * v2
+    bool behind;
+};
+
+void requireUsableRay(const RayQuery& query) {
+    if (!isFinite(query.origin) || !isFinite(query.direction))
+        fail("the ray's origin or direction is not finite");
+    if (lengthSquared(query.direction) == 0) fail("the ray has no direction");
+    if (!(query.maxParam >= 0)) fail("maxParam must not be negative");
+}
+
+RTCRayHit makeRay(const Vec3& origin, const Vec3& direction, double maxParam) {
+    RTCRayHit ray{};
+    ray.ray.org_x = float(origin.x);
+    ray.ray.org_y = float(origin.y);
+    ray.ray.org_z = float(origin.z);
+    ray.ray.dir_x = float(direction.x);
+    ray.ray.dir_y = float(direction.y);
+    ray.ray.dir_z = float(direction.z);
+    ray.ray.tnear = 0.0f;
+    ray.ray.tfar = toFloatReach(maxParam);
+    ray.ray.mask = ~0u;
+    ray.hit.geomID = RTC_INVALID_GEOMETRY_ID;
+    ray.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
+    return ray;
+}
+
+}  // namespace
+
+struct RayAccelerator::Impl {
+    struct ReleaseScene {
+        void operator()(RTCScene scene) const { rtcReleaseScene(scene); }
+    };
+
+    FanTriangulation fan;
+    // x, y, z per vertex plus one float of padding: Embree reads the last vertex as 16 bytes.
+    std::vector<float> coords;
+    std::vector<Vec3> vertexNormals;
+    std::vector<Vec3> faceNormals;
+    // Last, so that it goes first: the scene reads the arrays above.
+    std::unique_ptr<RTCSceneTy, ReleaseScene> scene;
+
+    explicit Impl(const MeshTopology& mesh);
+    void attachTriangles();
+    std::array<Vec3, 3> corners(unsigned triangle) const;
+    bool accepts(const HitFilter& filter, unsigned triangle) const {
+        const FanTriangulation::Owner owner = fan.owners[triangle];
+        return filter.accepts(owner.face, owner.indexInFace);
+    }
+    void trace(const RayQuery& query, const Vec3& direction, const HitFilter& filter, bool behind,
+               std::vector<RawHit>& hits) const;
+    std::optional<RawHit> traceNearest(const Vec3& origin, const Vec3& direction, double maxParam,
+                                       const HitFilter& filter, bool behind) const;
+    RayHit toRayHit(const RayQuery& query, const RawHit& raw) const;
+    SurfacePoint surfacePoint(unsigned triangle, const TrianglePoint& on, double distance) const;
+};
+
+namespace {
+
+// Context handed to Embree's filter callbacks: the Embree context first, so the callback can cast back.
+struct TraceContext {
+    RTCIntersectContext embree;
+    const RayAccelerator::Impl* impl;
+    const HitFilter* filter;
+    std::vector<RawHit>* hits;
+    bool behind;
+    bool outOfMemory;
+};
+
+RawHit rawHitOf(const RTCFilterFunctionNArguments* args, bool behind) {
+    return {RTCHitN_primID(args->hit, args->N, 0), RTCRayN_tfar(args->ray, args->N, 0),
+            RTCHitN_u(args->hit, args->N, 0), RTCHitN_v(args->hit, args->N, 0), behind};
+}
+
+// Whether `hits` already hold the polygon of `hit` within `tolerance` of it along the ray. The floor on
+// the tolerance absorbs single-precision rounding when the ray passes through an edge or corner inside
+// the polygon, which two of its triangles report. Hits are few, so a scan beats any index.
+bool repeatsFace(const std::vector<RayHit>& hits, const RayHit& hit, double tolerance) {
+    const double reach = std::max(tolerance, 1e-5 * (1.0 + std::abs(hit.param)));
+    return std::any_of(hits.begin(), hits.end(), [&](const RayHit& kept) {
+        return kept.faceId == hit.faceId && std::abs(kept.param - hit.param) <= reach;
+    });
+}
+
+// Records every accepted hit and rejects all of them, so that traversal goes on to the next one. The
+// triangle's owner is only prefetched here: reading it after the traversal hides the cache miss that
+// dominates the cost of a hit.
+void collectEveryHit(const RTCFilterFunctionNArguments* args) {
+    auto* trace = reinterpret_cast<TraceContext*>(args->context);
+    args->valid[0] = 0;
+    const RawHit raw = rawHitOf(args, trace->behind);
+    if (trace->filter->restricts() && !trace->impl->accepts(*trace->filter, raw.triangle)) return;
+    __builtin_prefetch(&trace->impl->fan.owners[raw.triangle]);
+    try {
+        trace->hits->push_back(raw);
+    } catch (const std::bad_alloc&) {
+        trace->outOfMemory = true;
+    }
+}
+
+// Rejects hits outside the query's face and triangle lists; Embree keeps the nearest of the rest.
+void rejectFilteredHit(const RTCFilterFunctionNArguments* args) {
+    auto* trace = reinterpret_cast<TraceContext*>(args->context);
+    if (!trace->impl->accepts(*trace->filter, RTCHitN_primID(args->hit, args->N, 0))) args->valid[0] = 0;
+}
+
+}  // namespace
+
+RayAccelerator::Impl::Impl(const MeshTopology& mesh)
+    : fan(fanTriangulate(mesh.faces())),
+      coords(mesh.rawPoints(), mesh.rawPoints() + 3 * static_cast<std::size_t>(mesh.numVertices())),
+      vertexNormals(mesh.vertexNormals(true)),
+      faceNormals(mesh.faceNormals()) {
+    coords.push_back(0.0f);
+    scene.reset(rtcNewScene(sharedDevice()));
+    throwOnDeviceError("creating a scene");
+    // Robust traversal keeps rays from slipping between triangles through a shared edge.
+    rtcSetSceneFlags(scene.get(), RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_CONTEXT_FILTER_FUNCTION);
+    if (fan.numTriangles() > 0) attachTriangles();
+    rtcCommitScene(scene.get());
+    throwOnDeviceError("building the hierarchy");
+}
+
+// The geometry reads the vertex and index arrays in place, so they live as long as the scene.
+void RayAccelerator::Impl::attachTriangles() {
+    RTCGeometry geometry = rtcNewGeometry(sharedDevice(), RTC_GEOMETRY_TYPE_TRIANGLE);
+    rtcSetSharedGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3, coords.data(), 0,
+                               3 * sizeof(float), (coords.size() - 1) / 3);
+    rtcSetSharedGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3, fan.vertexIds.data(), 0,
+                               3 * sizeof(unsigned), fan.numTriangles());
+    rtcCommitGeometry(geometry);
+    rtcAttachGeometry(scene.get(), geometry);
+    rtcReleaseGeometry(geometry);
+    throwOnDeviceError("creating the triangles");
+}
+
+std::array<Vec3, 3> RayAccelerator::Impl::corners(unsigned triangle) const {
+    const unsigned* ids = fan.vertexIds.data() + 3 * static_cast<std::size_t>(triangle);
+    return {pointAt(coords, ids[0]), pointAt(coords, ids[1]), pointAt(coords, ids[2])};
+}
+
+void RayAccelerator::Impl::trace(const RayQuery& query, const Vec3& direction, const HitFilter& filter,
+                                 bool behind, std::vector<RawHit>& hits) const {
+    TraceContext context{{}, this, &filter, &hits, behind, false};
+    rtcInitIntersectContext(&context.embree);
+    context.embree.filter = collectEveryHit;
+    RTCRayHit ray = makeRay(query.origin, direction, query.maxParam);
+    rtcIntersect1(scene.get(), &context.embree, &ray);
+    if (context.outOfMemory) throw std::bad_alloc();
+}
+
+std::optional<RawHit> RayAccelerator::Impl::traceNearest(const Vec3& origin, const Vec3& direction,
+                                                         double maxParam, const HitFilter& filter,
+                                                         bool behind) const {
+    TraceContext context{{}, this, &filter, nullptr, behind, false};
+    rtcInitIntersectContext(&context.embree);
+    if (filter.restricts()) context.embree.filter = rejectFilteredHit;
+    RTCRayHit ray = makeRay(origin, direction, maxParam);
+    rtcIntersect1(scene.get(), &context.embree, &ray);
+    if (ray.hit.geomID == RTC_INVALID_GEOMETRY_ID) return std::nullopt;
+    return RawHit{ray.hit.primID, ray.ray.tfar, ray.hit.u, ray.hit.v, behind};
+}
+
+// Embree's single-precision hit in the host's terms. Maya's own ray queries take and return single
+// precision, so nothing is recomputed: that would cost three more random memory reads per hit.
+RayHit RayAccelerator::Impl::toRayHit(const RayQuery& query, const RawHit& raw) const {
+    const FanTriangulation::Owner owner = fan.owners[raw.triangle];
+    RayHit hit;
+    hit.faceId = owner.face;
+    hit.triangleId = owner.indexInFace;
+    hit.param = raw.behind ? -double(raw.param) : double(raw.param);
+    hit.bary1 = 1.0 - double(raw.u) - double(raw.v);
+    hit.bary2 = raw.u;
+    hit.point = query.origin + query.direction * hit.param;
+    return hit;
+}
+
+SurfacePoint RayAccelerator::Impl::surfacePoint(unsigned triangle, const TrianglePoint& on,
+                                                double distance) const {
+    const unsigned* ids = fan.vertexIds.data() + 3 * static_cast<std::size_t>(triangle);
+    SurfacePoint result;
+    result.point = on.point;
+    result.distance = distance;
+    result.faceId = fan.owners[triangle].face;
+    result.triangleId = fan.owners[triangle].indexInFace;
+    result.bary1 = on.bary1;
+    result.bary2 = on.bary2;
+    result.faceNormal = faceNormals[result.faceId];
+    const Vec3 blended = normalized(vertexNormals[ids[0]] * on.bary1 + vertexNormals[ids[1]] * on.bary2 +
+                                    vertexNormals[ids[2]] * (1.0 - on.bary1 - on.bary2));
+    result.normal = lengthSquared(blended) > 0 ? blended : result.faceNormal;
+    return result;
+}
+
+RayAccelerator::RayAccelerator(const MeshTopology& mesh)
+    : impl_(std::make_unique<Impl>(mesh)), meshVersion_(mesh.version()) {}
+
+RayAccelerator::~RayAccelerator() = default;
+
+bool RayAccelerator::isBuiltFor(const MeshTopology& mesh) const { return meshVersion_ == mesh.version(); }
+
+int RayAccelerator::numTriangles() const { return impl_->fan.numTriangles(); }
+
+std::vector<RayHit> RayAccelerator::allIntersections(const RayQuery& query) const {
+    requireUsableRay(query);
+    const HitFilter filter(query);
+    std::vector<RawHit> raw;
+    raw.reserve(8);
+    impl_->trace(query, query.direction, filter, false, raw);
+    if (query.bothDirections) impl_->trace(query, -query.direction, filter, true, raw);
+    std::vector<RayHit> hits;
+    hits.reserve(raw.size());
+    for (const RawHit& r : raw) {
+        const RayHit hit = impl_->toRayHit(query, r);
+        if (std::abs(hit.param) <= query.maxParam && !repeatsFace(hits, hit, query.tolerance))
+            hits.push_back(hit);
+    }
+    if (query.sortHits) {
+        std::sort(hits.begin(), hits.end(), [](const RayHit& x, const RayHit& y) {
+            return std::tie(x.param, x.faceId, x.triangleId) < std::tie(y.param, y.faceId, y.triangleId);
+        });
+    }
+    return hits;
+}
+
+std::optional<RayHit> RayAccelerator::closestIntersection(const RayQuery& query) const {
+    requireUsableRay(query);
+    const HitFilter filter(query);
+    std::optional<RawHit> nearest =
+        impl_->traceNearest(query.origin, query.direction, query.maxParam, filter, false);
+    if (query.bothDirections) {
+        const double reach = nearest ? double(nearest->param) : query.maxParam;
+        const auto behind = impl_->traceNearest(query.origin, -query.direction, reach, filter, true);
+        if (behind && (!nearest || behind->param < nearest->param)) nearest = behind;
+    }
+    if (!nearest) return std::nullopt;
+    return impl_->toRayHit(query, *nearest);
+}
+
+namespace {
+
+struct ClosestSearch {
+    const RayAccelerator::Impl* impl;
+    Vec3 query;
+    // How far Embree's single-precision centre of the query sphere lies from `query`.
+    double centreError;
+    double limitSquared;
+    bool found;
+    unsigned triangle;
+    double distanceSquared;
+    TrianglePoint nearest;
+};
+
+// Embree calls this for each triangle whose bounds meet the query sphere; an improvement shrinks the
+// sphere, widened by the centre's rounding and rounded up so that equally near triangles are still
+// visited for the tie rule.
+bool visitTriangle(RTCPointQueryFunctionArguments* args) {
+    auto* search = static_cast<ClosestSearch*>(args->userPtr);
+    const auto [a, b, c] = search->impl->corners(args->primID);
+    const TrianglePoint on = closestPointOnTriangle(search->query, a, b, c);
+    const double d = lengthSquared(on.point - search->query);
+    const bool better = search->found ? d < search->distanceSquared ||
+                                            (d == search->distanceSquared && args->primID < search->triangle)
+                                      : d <= search->limitSquared;
+    if (!better) return false;
+    search->found = true;
+    search->triangle = args->primID;
+    search->distanceSquared = d;
+    search->nearest = on;
+    args->query->radius =
+        std::nextafter(float(std::sqrt(d) + search->centreError), std::numeric_limits<float>::infinity());
+    return true;
+}
+
+}  // namespace
+
+std::optional<SurfacePoint> RayAccelerator::closestPoint(const Vec3& p, double maxDistance) const {
+    if (!isFinite(p)) fail("the query point is not finite");
+    if (!(maxDistance >= 0)) fail("maxDistance must not be negative");
+    const Vec3f centre(p);
+    const double centreError = length(Vec3(centre) - p);
+    ClosestSearch search{impl_.get(), p, centreError, maxDistance * maxDistance, false, 0, 0, {}};
+    RTCPointQuery query{};
+    query.x = centre.x;
+    query.y = centre.y;
+    query.z = centre.z;
+    query.radius =
+        std::nextafter(toFloatReach(maxDistance + centreError), std::numeric_limits<float>::infinity());
+    RTCPointQueryContext context;
+    rtcInitPointQueryContext(&context);
+    rtcPointQuery(impl_->scene.get(), &query, &context, visitTriangle, &search);
+    if (!search.found) return std::nullopt;
+    return impl_->surfacePoint(search.triangle, search.nearest, std::sqrt(search.distanceSquared));
+}
+
+const RayAccelerator& RayAcceleratorCache::acceleratorFor(const MeshTopology& mesh) {
+    if (!accelerator_ || !accelerator_->isBuiltFor(mesh)) {
+        accelerator_.reset();
+        accelerator_ = std::make_unique<RayAccelerator>(mesh);
+    }
+    return *accelerator_;
+}
+
+}  // namespace mhost

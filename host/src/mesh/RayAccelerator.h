@@ -1,0 +1,102 @@
+#pragma once
+// Ray casts and closest-point queries on a mesh through a bounding volume hierarchy (Intel Embree),
+// built once from a MeshTopology and valid for as long as that mesh keeps the same version. Polygons
+// are fan-triangulated (FanTriangulation) and hits name both the polygon and the triangle within it.
+// Ray hits come in single precision, as Maya's ray queries do; closest points are exact in double.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "mesh/Vec3.h"
+
+namespace mhost {
+
+class MeshTopology;
+
+struct RayQuery {
+    Vec3 origin;
+    // Need not be unit length; ray parameters are measured in multiples of it.
+    Vec3 direction;
+    // Hits beyond this parameter (either way along the ray) are ignored.
+    double maxParam = 1e30;
+    // Also look behind the origin; such hits get negative parameters.
+    bool bothDirections = false;
+    // Consider only these polygons / triangle indices within their polygon (any order).
+    std::optional<std::vector<int>> faceIds;
+    std::optional<std::vector<int>> triangleIds;
+    // Order hits by ascending parameter (behind the origin first); otherwise front hits come first,
+    // each side in no particular order.
+    bool sortHits = true;
+    // Hits on one polygon closer than this along the ray count once (a ray through an edge or corner
+    // shared by two of the polygon's triangles).
+    double tolerance = 1e-6;
+};
+
+struct RayHit {
+    Vec3 point;
+    double param = 0;
+    int faceId = -1;
+    int triangleId = -1;  // within the polygon
+    // point = bary1 * v0 + bary2 * v1 + (1 - bary1 - bary2) * v2 of the triangle's corners.
+    double bary1 = 0;
+    double bary2 = 0;
+};
+
+struct SurfacePoint {
+    Vec3 point;
+    double distance = 0;
+    int faceId = -1;
+    int triangleId = -1;
+    double bary1 = 0;
+    double bary2 = 0;
+    // The triangle's angle-weighted vertex normals interpolated at the point (unit length; the face
+    // normal where they cancel out), and the polygon's own normal.
+    Vec3 normal;
+    Vec3 faceNormal;
+};
+
+class RayAccelerator {
+public:
+    // Builds the hierarchy over the mesh's triangles: O(triangles log triangles), multi-threaded.
+    // An empty mesh gives an accelerator that finds nothing. Throws HostError if Embree fails.
+    explicit RayAccelerator(const MeshTopology& mesh);
+    ~RayAccelerator();
+    RayAccelerator(const RayAccelerator&) = delete;
+    RayAccelerator& operator=(const RayAccelerator&) = delete;
+
+    // True while `mesh` is (a copy of) the mesh this was built from and has not changed since.
+    bool isBuiltFor(const MeshTopology& mesh) const;
+    int numTriangles() const;
+
+    // Every hit along the ray within maxParam, one per polygon and position. Throws HostError on a
+    // non-finite ray, a zero direction or a negative maxParam. Cost: O(log triangles + hits).
+    std::vector<RayHit> allIntersections(const RayQuery& query) const;
+    // The hit nearest to the origin (smallest |param| when both directions count); sortHits and
+    // tolerance play no part.
+    std::optional<RayHit> closestIntersection(const RayQuery& query) const;
+    // The surface point nearest to p within maxDistance (inclusive); nothing when the mesh is further.
+    // Equally near triangles resolve to the lowest triangle. Throws HostError on a non-finite p or a
+    // negative maxDistance.
+    std::optional<SurfacePoint> closestPoint(const Vec3& p, double maxDistance) const;
+
+    // The Embree scene and the mesh data its queries read; defined where Embree is used.
+    struct Impl;
+
+private:
+    std::unique_ptr<Impl> impl_;
+    std::uint64_t meshVersion_;
+};
+
+// Keeps one accelerator and rebuilds it only when asked for a mesh it was not built for.
+class RayAcceleratorCache {
+public:
+    const RayAccelerator& acceleratorFor(const MeshTopology& mesh);
+    void clear() { accelerator_.reset(); }
+
+private:
+    std::unique_ptr<RayAccelerator> accelerator_;
+};
+
+}  // namespace mhost
