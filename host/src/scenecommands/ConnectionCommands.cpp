@@ -7,23 +7,23 @@
 namespace mhost {
 namespace {
 
-class ConnectAttrCommand : public SceneCommand {
+// Both plug commands take a source and a destination plug name.
+MSyntax twoPlugSyntax(bool withForce) {
+    MSyntax syntax;
+    if (withForce) syntax.addFlag("-f", "-force");
+    syntax.addArg(MSyntax::kString);
+    syntax.addArg(MSyntax::kString);
+    return syntax;
+}
+
+class ConnectAttrCommand : public SyntaxCommand<ConnectAttrCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-f", "-force");
-            syntax.addArg(MSyntax::kString);
-            syntax.addArg(MSyntax::kString);
-            return syntax;
-        }();
-        return &s;
-    }
+    static MSyntax makeSyntax() { return twoPlugSyntax(true); }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
+        MStatus status = parse(args);
         if (!status) return status;
+        const MArgDatabase& db = flags();
         MString sourceName, destinationName;
         db.getCommandArgument(0, sourceName);
         db.getCommandArgument(1, destinationName);
@@ -56,14 +56,19 @@ private:
     std::optional<PlugRef> replaced_;
 };
 
-class DisconnectAttrCommand : public SceneCommand {
+class DisconnectAttrCommand : public SyntaxCommand<DisconnectAttrCommand> {
 public:
+    static MSyntax makeSyntax() { return twoPlugSyntax(false); }
+
     MStatus doIt(const MArgList& args) override {
-        if (args.length() != 2) return fail("disconnectAttr: expects a source and a destination plug");
+        MStatus status = parse(args);
+        if (!status) return status;
+        MString sourceName, destinationName;
+        flags().getCommandArgument(0, sourceName);
+        flags().getCommandArgument(1, destinationName);
         MPlug source, destination;
-        MStatus status;
-        if (!(status = resolvePlug(args.asString(0).asChar(), source))) return status;
-        if (!(status = resolvePlug(args.asString(1).asChar(), destination))) return status;
+        if (!(status = resolvePlug(sourceName.asChar(), source))) return status;
+        if (!(status = resolvePlug(destinationName.asChar(), destination))) return status;
         source_ = source.hostPlug();
         destination_ = destination.hostPlug();
         if (!scene().disconnect(source_, destination_))

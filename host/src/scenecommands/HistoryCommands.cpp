@@ -11,26 +11,19 @@ namespace {
 
 // listHistory: the node itself, then every node upstream of it through incoming connections,
 // nearest first. -allConnections is accepted; the host follows all connections either way.
-class ListHistoryCommand : public SceneCommand {
+class ListHistoryCommand : public SyntaxCommand<ListHistoryCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-ac", "-allConnections");
-            syntax.setObjectType(MSyntax::kStringObjects, 1);
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-ac", "-allConnections");
+        syntax.setObjectType(MSyntax::kStringObjects, 1);
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
-        if (!status) return status;
-        MStringArray names;
-        db.getObjects(names);
+        MStatus status = parse(args);
         std::vector<NodePtr> nodes;
-        if (!(status = resolveNodes(names, nodes))) return status;
+        if (!status || !(status = objectNodes(nodes))) return status;
         std::vector<std::string> history;
         std::set<Node*> seen;
         std::vector<NodePtr> frontier = nodes;
@@ -49,57 +42,46 @@ public:
     }
 };
 
-class ConstructionHistoryCommand : public SceneCommand {
+class ConstructionHistoryCommand : public SyntaxCommand<ConstructionHistoryCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-tgl", "-toggle", MSyntax::kBoolean);
-            syntax.enableQuery();
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-tgl", "-toggle", MSyntax::kBoolean);
+        syntax.enableQuery();
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
+        MStatus status = parse(args);
         if (!status) return status;
         bool& enabled = scene().settings.constructionHistory;
-        if (db.isQuery()) {
+        if (flags().isQuery()) {
             result().set(enabled ? 1 : 0);
             return MS::kSuccess;
         }
-        if (!db.isFlagSet("-tgl")) return fail("constructionHistory: use -toggle, or -query -toggle");
+        if (!flags().isFlagSet("-tgl")) return fail("constructionHistory: use -toggle, or -query -toggle");
         bool on = true;
-        db.getFlagArgument("-tgl", 0, on);
+        flags().getFlagArgument("-tgl", 0, on);
         enabled = on;
         return MS::kSuccess;
     }
 };
 
 // dgdirty: flags every plug of the named nodes (or of all nodes with -a) dirty.
-class DgDirtyCommand : public SceneCommand {
+class DgDirtyCommand : public SyntaxCommand<DgDirtyCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-a", "-allPlugs");
-            syntax.setObjectType(MSyntax::kStringObjects);
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-a", "-allPlugs");
+        syntax.setObjectType(MSyntax::kStringObjects);
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
-        if (!status) return status;
-        MStringArray names;
-        db.getObjects(names);
+        MStatus status = parse(args);
         std::vector<NodePtr> nodes;
-        if (!(status = resolveNodes(names, nodes))) return status;
-        if (db.isFlagSet("-a")) nodes = scene().nodes();
+        if (!status || !(status = objectNodes(nodes))) return status;
+        if (flags().isFlagSet("-a")) nodes = scene().nodes();
         for (const auto& node : nodes)
             for (const auto& attribute : node->type->attributes) scene().markDirty({node, {attribute.get(), -1}});
         return MS::kSuccess;

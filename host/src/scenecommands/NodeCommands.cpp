@@ -1,7 +1,6 @@
 // createNode, delete, rename and objExists.
 
-#include <maya/MDagModifier.h>
-
+#include <map>
 #include <set>
 
 #include "graph/ApiBridge.h"
@@ -11,124 +10,113 @@
 namespace mhost {
 namespace {
 
-class CreateNodeCommand : public SceneCommand {
+class CreateNodeCommand : public ModifierCommand<CreateNodeCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-n", "-name", MSyntax::kString);
-            syntax.addFlag("-p", "-parent", MSyntax::kString);
-            syntax.addFlag("-ss", "-skipSelect");
-            syntax.addArg(MSyntax::kString);
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-n", "-name", MSyntax::kString);
+        syntax.addFlag("-p", "-parent", MSyntax::kString);
+        syntax.addFlag("-ss", "-skipSelect");
+        syntax.addArg(MSyntax::kString);
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
+        MStatus status = parse(args);
         if (!status) return status;
         MString type, name, parentName;
-        db.getCommandArgument(0, type);
-        if (db.isFlagSet("-n")) db.getFlagArgument("-n", 0, name);
-        MObject parent;
-        if (db.isFlagSet("-p")) {
-            db.getFlagArgument("-p", 0, parentName);
-            NodePtr parentNode = lookUpNode(parentName.asChar());
-            if (!parentNode) return fail(std::string("No object matches name: ") + parentName.asChar());
-            parent = wrapNode(parentNode);
+        flags().getCommandArgument(0, type);
+        if (flags().isFlagSet("-n")) flags().getFlagArgument("-n", 0, name);
+        NodePtr parentNode;
+        if (flags().isFlagSet("-p")) {
+            flags().getFlagArgument("-p", 0, parentName);
+            if (!(status = resolveNode(parentName.asChar(), parentNode))) return status;
         }
         NodeTypePtr typeInfo = nodeTypes().find(type.asChar());
         if (!typeInfo) return fail(std::string("Unknown object type: ") + type.asChar());
+        MObject parent = parentNode ? wrapNode(parentNode) : MObject();
         MObject created = typeInfo->isDag ? modifier_.createNode(type, parent, &status)
                                           : modifier_.MDGModifier::createNode(type, &status);
         if (!status) return fail(std::string("createNode: cannot create a node of type ") + type.asChar(), status);
         NodePtr node = nodeOf(created);
         // Without a parent a shape comes with a new transform; the command names and returns the shape.
-        if (typeInfo->isShape && parent.isNull()) node = node->children.front();
+        if (typeInfo->isShape && !parentNode) node = node->children.front();
         if (name.length()) modifier_.renameNode(wrapNode(node), name);
-        status = modifier_.doIt();
-        if (!status) return status;
+        if (!(status = modifier_.doIt())) return status;
         result().set(node->name);
         return MS::kSuccess;
     }
-
-    bool isUndoable() const override { return true; }
-    MStatus undoIt() override { return modifier_.undoIt(); }
-    MStatus redoIt() override { return modifier_.doIt(); }
-
-private:
-    MDagModifier modifier_;
 };
 
-class RenameCommand : public SceneCommand {
+class RenameCommand : public ModifierCommand<RenameCommand> {
 public:
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addArg(MSyntax::kString);
+        syntax.addArg(MSyntax::kString);
+        return syntax;
+    }
+
     MStatus doIt(const MArgList& args) override {
-        if (args.length() != 2) return fail("rename: expects the old and the new name");
-        NodePtr node = lookUpNode(args.asString(0).asChar());
-        if (!node) return fail(std::string("No object matches name: ") + args.asString(0).asChar());
-        MStatus status = modifier_.renameNode(wrapNode(node), args.asString(1));
-        if (!status) return fail("rename: the new name is empty", status);
+        MStatus status = parse(args);
+        if (!status) return status;
+        MString oldName, newName;
+        flags().getCommandArgument(0, oldName);
+        flags().getCommandArgument(1, newName);
+        NodePtr node;
+        if (!(status = resolveNode(oldName.asChar(), node))) return status;
+        if (!(status = modifier_.renameNode(wrapNode(node), newName))) return fail("rename: the new name is empty", status);
         modifier_.doIt();
         result().set(node->name);
         return MS::kSuccess;
     }
-    bool isUndoable() const override { return true; }
-    MStatus undoIt() override { return modifier_.undoIt(); }
-    MStatus redoIt() override { return modifier_.doIt(); }
-
-private:
-    MDGModifier modifier_;
 };
 
-class ObjExistsCommand : public SceneCommand {
+class ObjExistsCommand : public SyntaxCommand<ObjExistsCommand> {
 public:
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addArg(MSyntax::kString);
+        return syntax;
+    }
+
     MStatus doIt(const MArgList& args) override {
-        if (args.length() != 1) return fail("objExists: expects one name");
-        result().set(lookUpName(args.asString(0).asChar()).node ? 1 : 0);
+        MStatus status = parse(args);
+        if (!status) return status;
+        MString name;
+        flags().getCommandArgument(0, name);
+        result().set(lookUpName(name.asChar()).node ? 1 : 0);
         return MS::kSuccess;
     }
 };
 
 // delete removes nodes; with -constructionHistory it bakes the named nodes' inputs into their own
-// values and deletes the history nodes that fed only them.
-class DeleteCommand : public SceneCommand {
+// values and deletes the history nodes upstream of them.
+class DeleteCommand : public ModifierCommand<DeleteCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-ch", "-constructionHistory");
-            syntax.setObjectType(MSyntax::kStringObjects, 1);
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-ch", "-constructionHistory");
+        syntax.setObjectType(MSyntax::kStringObjects, 1);
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
-        if (!status) return status;
-        MStringArray names;
-        db.getObjects(names);
+        MStatus status = parse(args);
         std::vector<NodePtr> nodes;
-        status = resolveNodes(names, nodes);
-        if (!status) return status;
-        if (db.isFlagSet("-ch")) {
-            for (const auto& node : nodes) bakeHistory(node);
-        } else {
-            for (const auto& node : nodes) modifier_.deleteNode(wrapNode(node));
+        if (!status || !(status = objectNodes(nodes))) return status;
+        for (const auto& node : nodes) {
+            if (flags().isFlagSet("-ch")) bakeHistory(node);
+            else modifier_.deleteNode(wrapNode(node));
         }
-        status = modifier_.doIt();
-        applyBakedValues(true);
-        return status;
+        return redoIt();
     }
 
-    bool isUndoable() const override { return true; }
     MStatus undoIt() override {
         applyBakedValues(false);
         return modifier_.undoIt();
     }
+
     MStatus redoIt() override {
         MStatus status = modifier_.doIt();
         applyBakedValues(true);
@@ -157,7 +145,7 @@ private:
     }
 
     // Non-DAG nodes upstream of `node` (itself included), following incoming connections.
-    void collectHistory(const NodePtr& node, std::set<Node*>& found) {
+    static void collectHistory(const NodePtr& node, std::set<Node*>& found) {
         if (node->type->isDag || !found.insert(node.get()).second) return;
         for (const auto& c : scene().connectionsOf(*node))
             if (c.destination.node == node) collectHistory(c.source.node, found);
@@ -167,7 +155,6 @@ private:
         for (auto& baked : baked_) baked.node->values = after ? baked.after : baked.before;
     }
 
-    MDGModifier modifier_;
     std::vector<Baked> baked_;
 };
 

@@ -14,6 +14,11 @@ MStatus SceneCommand::resolveNodes(const MStringArray& names, std::vector<NodePt
     return MS::kSuccess;
 }
 
+MStatus SceneCommand::resolveNode(const std::string& name, NodePtr& node) {
+    node = lookUpNode(name);
+    return node ? MStatus(MS::kSuccess) : fail("No object matches name: " + name);
+}
+
 MStatus SceneCommand::resolvePlug(const std::string& name, MPlug& plug) {
     NameMatch match = lookUpName(name);
     if (!lookUpNode(name.substr(0, name.find('.')))) return fail("No object matches name: " + name);

@@ -1,6 +1,5 @@
 // select, changeSelectMode and sets.
 
-#include <maya/MDGModifier.h>
 #include <maya/MIntArray.h>
 #include <maya/MPlugArray.h>
 
@@ -13,35 +12,31 @@
 namespace mhost {
 namespace {
 
-class SelectCommand : public SceneCommand {
+class SelectCommand : public SyntaxCommand<SelectCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-r", "-replace");
-            syntax.addFlag("-add", "-add");
-            syntax.addFlag("-af", "-addFirst");
-            syntax.addFlag("-d", "-deselect");
-            syntax.addFlag("-tgl", "-toggle");
-            syntax.addFlag("-cl", "-clear");
-            syntax.addFlag("-ne", "-noExpand");
-            syntax.setObjectType(MSyntax::kStringObjects);
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-r", "-replace");
+        syntax.addFlag("-add", "-add");
+        syntax.addFlag("-af", "-addFirst");
+        syntax.addFlag("-d", "-deselect");
+        syntax.addFlag("-tgl", "-toggle");
+        syntax.addFlag("-cl", "-clear");
+        syntax.addFlag("-ne", "-noExpand");
+        syntax.setObjectType(MSyntax::kStringObjects);
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
+        MStatus status = parse(args);
         if (!status) return status;
         MStringArray names;
-        db.getObjects(names);
+        flags().getObjects(names);
         MSelectionList named;
         for (unsigned int i = 0; i < names.length(); ++i)
             if (!named.add(names[i])) return fail(std::string("No object matches name: ") + names[i].asChar());
         before_ = scene().settings.activeSelection;
-        after_ = db.isFlagSet("-cl") ? MSelectionList() : combine(db, before_, named);
+        after_ = flags().isFlagSet("-cl") ? MSelectionList() : combine(flags(), before_, named);
         scene().settings.activeSelection = after_;
         return MS::kSuccess;
     }
@@ -72,23 +67,20 @@ private:
     MSelectionList before_, after_;
 };
 
-class ChangeSelectModeCommand : public SceneCommand {
+class ChangeSelectModeCommand : public SyntaxCommand<ChangeSelectModeCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-o", "-object");
-            syntax.addFlag("-co", "-component");
-            syntax.enableQuery();
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-o", "-object");
+        syntax.addFlag("-co", "-component");
+        syntax.enableQuery();
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
+        MStatus status = parse(args);
         if (!status) return status;
+        const MArgDatabase& db = flags();
         std::string& mode = scene().settings.selectMode;
         if (db.isQuery()) {
             result().set(db.isFlagSet("-co") ? int(mode == "component") : int(mode == "object"));
@@ -102,42 +94,32 @@ public:
 
 // sets -edit -forceElement SET members: makes each member belong to SET, taking it out of any other
 // shading group first, as Maya keeps a shape in one shading group at a time.
-class SetsCommand : public SceneCommand {
+class SetsCommand : public ModifierCommand<SetsCommand> {
 public:
-    const MSyntax* syntax() const override {
-        static const MSyntax s = [] {
-            MSyntax syntax;
-            syntax.addFlag("-fe", "-forceElement", MSyntax::kString);
-            syntax.enableEdit();
-            syntax.setObjectType(MSyntax::kStringObjects, 1);
-            return syntax;
-        }();
-        return &s;
+    static MSyntax makeSyntax() {
+        MSyntax syntax;
+        syntax.addFlag("-fe", "-forceElement", MSyntax::kString);
+        syntax.enableEdit();
+        syntax.setObjectType(MSyntax::kStringObjects, 1);
+        return syntax;
     }
 
     MStatus doIt(const MArgList& args) override {
-        MStatus status;
-        MArgDatabase db(*syntax(), args, &status);
+        MStatus status = parse(args);
         if (!status) return status;
-        if (!db.isEdit() || !db.isFlagSet("-fe")) return fail("sets: only -edit -forceElement is supported");
+        if (!flags().isEdit() || !flags().isFlagSet("-fe")) return fail("sets: only -edit -forceElement is supported");
         MString setName;
-        db.getFlagArgument("-fe", 0, setName);
+        flags().getFlagArgument("-fe", 0, setName);
         NodePtr set = lookUpNode(setName.asChar());
         if (!set || !set->hasFn(MFn::kSet)) return fail(std::string("sets: no set named ") + setName.asChar());
-        MStringArray names;
-        db.getObjects(names);
         std::vector<NodePtr> members;
-        if (!(status = resolveNodes(names, members))) return status;
+        if (!(status = objectNodes(members))) return status;
         for (const auto& member : members) {
             if (!member->type->isDag) return fail("sets: " + member->name + " is not a DAG object");
             join(member, set);
         }
         return modifier_.doIt();
     }
-
-    bool isUndoable() const override { return true; }
-    MStatus undoIt() override { return modifier_.undoIt(); }
-    MStatus redoIt() override { return modifier_.doIt(); }
 
 private:
     void join(const NodePtr& member, const NodePtr& set) {
@@ -160,7 +142,6 @@ private:
         return next;
     }
 
-    MDGModifier modifier_;
     unsigned int reserved_ = 0;
 };
 
