@@ -1,0 +1,17 @@
+# The kystrake runner: replays gesture sessions on the headless host. Its parts (sessions, OBJ files,
+# scene set-up, playback) form a library that the program and the runner tests share.
+find_package(nlohmann_json 3 REQUIRED)
+find_package(CLI11 REQUIRED)
+find_package(tinyobjloader REQUIRED)
+
+file(GLOB KY_RUNNER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/runner/*.cpp)
+list(REMOVE_ITEM KY_RUNNER_SOURCES ${PROJECT_SOURCE_DIR}/runner/main.cpp)
+add_library(kystrakeRunner STATIC ${KY_RUNNER_SOURCES})
+target_include_directories(kystrakeRunner PUBLIC ${PROJECT_SOURCE_DIR})
+target_link_libraries(kystrakeRunner PUBLIC OpenMayaHost PRIVATE nlohmann_json::nlohmann_json tinyobjloader::tinyobjloader)
+
+if(EXISTS ${PROJECT_SOURCE_DIR}/runner/main.cpp)
+    add_executable(kystrake ${PROJECT_SOURCE_DIR}/runner/main.cpp)
+    target_link_libraries(kystrake PRIVATE kystrakeRunner CLI11::CLI11)
+    set_target_properties(kystrake PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/runner)
+endif()

@@ -1,0 +1,210 @@
+#include "runner/Session.h"
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+namespace kystrake {
+namespace {
+
+using nlohmann::json;
+
+const char* const kActions[] = {"press", "drag", "release", "move", "key", "command", "optionVar",
+                                "select", "undo", "redo", "frame", "camera"};
+
+// Names the place of a problem: "step 3 (press)" or a top-level field.
+class Where {
+public:
+    explicit Where(std::string place) : place_(std::move(place)) {}
+    [[noreturn]] void fail(const std::string& field, const std::string& problem) const {
+        throw SessionError(place_ + ": field \"" + field + "\" " + problem);
+    }
+
+private:
+    std::string place_;
+};
+
+int wholeNumber(const json& value, const Where& where, const std::string& field) {
+    if (!value.is_number_integer()) where.fail(field, "must be a whole number");
+    return value.get<int>();
+}
+
+Pixel pixel(const json& value, const Where& where, const std::string& field) {
+    if (!value.is_array() || value.size() != 2 || !value[0].is_number() || !value[1].is_number())
+        where.fail(field, "must be a pixel [x, y]");
+    return {static_cast<int>(value[0].get<double>()), static_cast<int>(value[1].get<double>())};
+}
+
+Vec3 vec3(const json& value, const Where& where, const std::string& field) {
+    if (!value.is_array() || value.size() != 3) where.fail(field, "must be a point [x, y, z]");
+    for (const auto& v : value)
+        if (!v.is_number()) where.fail(field, "must be a point [x, y, z] of numbers");
+    return {value[0].get<double>(), value[1].get<double>(), value[2].get<double>()};
+}
+
+std::string text(const json& value, const Where& where, const std::string& field) {
+    if (!value.is_string()) where.fail(field, "must be a string");
+    return value.get<std::string>();
+}
+
+bool flag(const json& step, const char* field, const Where& where) {
+    if (!step.contains(field)) return false;
+    if (!step[field].is_boolean()) where.fail(field, "must be true or false");
+    return step[field].get<bool>();
+}
+
+MouseButton button(const json& step, const Where& where) {
+    if (!step.contains("button")) return MouseButton::kLeft;
+    const std::string name = text(step["button"], where, "button");
+    if (name == "left") return MouseButton::kLeft;
+    if (name == "middle") return MouseButton::kMiddle;
+    where.fail("button", "must be \"left\" or \"middle\"");
+}
+
+Modifiers modifiers(const json& step, const Where& where) { return {flag(step, "shift", where), flag(step, "ctrl", where)}; }
+
+CameraPlacement camera(const json& value, const Where& where, const std::string& field) {
+    if (!value.is_object()) where.fail(field, "must be an object with \"eye\" and \"target\"");
+    if (!value.contains("eye") || !value.contains("target")) where.fail(field, "needs \"eye\" and \"target\"");
+    CameraPlacement placement{vec3(value["eye"], where, field + ".eye"), vec3(value["target"], where, field + ".target")};
+    if (value.contains("fov")) {
+        if (!value["fov"].is_number() || value["fov"].get<double>() <= 1 || value["fov"].get<double>() >= 179)
+            where.fail(field + ".fov", "must be an angle in degrees between 1 and 179");
+        placement.fieldOfViewDegrees = value["fov"].get<double>();
+    }
+    return placement;
+}
+
+Step key(const json& value, const Where& where) {
+    const std::string name = text(value, where, "key");
+    if (name == "enter") return Key{Key::Name::kEnter};
+    if (name == "esc" || name == "escape") return Key{Key::Name::kEscape};
+    if (name == "backspace") return Key{Key::Name::kBackspace};
+    where.fail("key", "must be \"enter\", \"esc\" or \"backspace\"");
+}
+
+Step optionVar(const json& value, const Where& where) {
+    if (!value.is_object() || value.size() != 1) where.fail("optionVar", "must be one {\"name\": value} pair");
+    const auto& [name, v] = *value.items().begin();
+    if (v.is_number_integer()) return SetOptionVar{name, v.get<int>()};
+    if (v.is_number()) return SetOptionVar{name, v.get<double>()};
+    if (v.is_string()) return SetOptionVar{name, v.get<std::string>()};
+    if (v.is_boolean()) return SetOptionVar{name, v.get<bool>() ? 1 : 0};
+    where.fail("optionVar", "value must be a number, a boolean or a string");
+}
+
+Step select(const json& value, const Where& where) {
+    Select step;
+    if (value.is_string()) step.names.push_back(value.get<std::string>());
+    else if (value.is_array())
+        for (const auto& name : value) step.names.push_back(text(name, where, "select"));
+    else where.fail("select", "must be a name or a list of names");
+    return step;
+}
+
+Step drag(const json& step, const Where& where) {
+    const json& path = step["drag"];
+    if (!path.is_array() || path.empty()) where.fail("drag", "must be a non-empty list of pixels [[x, y], ...]");
+    Drag drag{{}, button(step, where), modifiers(step, where)};
+    for (const auto& p : path) drag.path.push_back(pixel(p, where, "drag"));
+    return drag;
+}
+
+int repeatCount(const json& value, const Where& where, const std::string& field) {
+    const int times = wholeNumber(value, where, field);
+    if (times < 1) where.fail(field, "must be at least 1");
+    return times;
+}
+
+std::string actionOf(const json& step, const std::string& place) {
+    if (!step.is_object()) throw SessionError(place + ": must be an object such as {\"press\": [x, y]}");
+    std::string found;
+    for (const char* action : kActions) {
+        if (!step.contains(action)) continue;
+        if (!found.empty()) throw SessionError(place + ": has both \"" + found + "\" and \"" + action + "\"");
+        found = action;
+    }
+    if (found.empty()) {
+        std::string expected;
+        for (const char* action : kActions) expected += std::string(expected.empty() ? "" : ", ") + action;
+        throw SessionError(place + ": names no action; expected one of " + expected);
+    }
+    return found;
+}
+
+Step parseStep(const json& step, size_t index) {
+    const std::string place = "step " + std::to_string(index + 1);
+    const std::string action = actionOf(step, place);
+    const Where where(place + " (" + action + ")");
+    const json& value = step[action];
+    if (action == "press") return Press{pixel(value, where, action), button(step, where), modifiers(step, where)};
+    if (action == "drag") return drag(step, where);
+    if (action == "release") return Release{pixel(value, where, action), button(step, where), modifiers(step, where)};
+    if (action == "move") return PointerMove{pixel(value, where, action)};
+    if (action == "key") return key(value, where);
+    if (action == "command") return Command{text(value, where, action)};
+    if (action == "optionVar") return optionVar(value, where);
+    if (action == "select") return select(value, where);
+    if (action == "undo") return Undo{repeatCount(value, where, action)};
+    if (action == "redo") return Redo{repeatCount(value, where, action)};
+    if (action == "frame") return Frame{text(value, where, action)};
+    return camera(value, where, action);
+}
+
+SourceMesh source(const json& value) {
+    const Where where("session");
+    SourceMesh mesh;
+    if (!value.is_object()) where.fail("source", "must be an object with \"obj\" or \"procedural\"");
+    if (value.contains("obj")) mesh.objPath = text(value["obj"], where, "source.obj");
+    if (value.contains("procedural")) {
+        mesh.procedural = text(value["procedural"], where, "source.procedural");
+        if (mesh.procedural != "limb" && mesh.procedural != "sphere" && mesh.procedural != "torus" &&
+            mesh.procedural != "plane")
+            where.fail("source.procedural", "must be \"limb\", \"sphere\", \"torus\" or \"plane\"");
+    }
+    if (value.contains("triangles")) {
+        mesh.triangles = wholeNumber(value["triangles"], where, "source.triangles");
+        if (mesh.triangles < 8 || mesh.triangles > 20000000)
+            where.fail("source.triangles", "must be between 8 and 20000000");
+    }
+    return mesh;
+}
+
+}  // namespace
+
+Session parseSession(const std::string& jsonText) {
+    json document;
+    try {
+        document = json::parse(jsonText);
+    } catch (const json::parse_error& error) {
+        throw SessionError(std::string("session: not valid JSON: ") + error.what());
+    }
+    const Where where("session");
+    if (!document.is_object()) throw SessionError("session: must be a JSON object with \"steps\"");
+    Session session;
+    if (document.contains("source")) session.source = source(document["source"]);
+    if (document.contains("view")) {
+        const json& view = document["view"];
+        if (!view.is_object()) where.fail("view", "must be {\"width\": w, \"height\": h}");
+        if (view.contains("width")) session.viewWidth = wholeNumber(view["width"], where, "view.width");
+        if (view.contains("height")) session.viewHeight = wholeNumber(view["height"], where, "view.height");
+        if (session.viewWidth < 16 || session.viewHeight < 16 || session.viewWidth > 8192 || session.viewHeight > 8192)
+            where.fail("view", "must be between 16 and 8192 pixels on each side");
+    }
+    if (document.contains("camera")) session.camera = camera(document["camera"], where, "camera");
+    if (!document.contains("steps") || !document["steps"].is_array())
+        where.fail("steps", "must be a list of steps");
+    const json& steps = document["steps"];
+    for (size_t i = 0; i < steps.size(); ++i) session.steps.push_back(parseStep(steps[i], i));
+    return session;
+}
+
+Session loadSession(const std::string& path) {
+    std::ifstream file(path);
+    if (!file) throw SessionError("session: cannot read \"" + path + "\"");
+    std::stringstream text;
+    text << file.rdbuf();
+    return parseSession(text.str());
+}
+
+}  // namespace kystrake

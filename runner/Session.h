@@ -1,0 +1,72 @@
+#pragma once
+// A gesture session: the source mesh, the view, and the steps the runner replays, read from a JSON
+// document. Reading validates everything up front, so a malformed session fails before any step runs,
+// with a message naming the step and the field.
+
+#include <array>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace kystrake {
+
+using Pixel = std::array<int, 2>;
+using Vec3 = std::array<double, 3>;
+
+enum class MouseButton { kLeft, kMiddle };
+
+struct Modifiers {
+    bool shift = false;
+    bool ctrl = false;
+};
+
+// Mouse gestures in view pixels, origin at the bottom left as in Maya. A drag is a polyline whose
+// points are sent as successive drag events.
+struct Press { Pixel at; MouseButton button; Modifiers modifiers; };
+struct Drag { std::vector<Pixel> path; MouseButton button; Modifiers modifiers; };
+struct Release { Pixel at; MouseButton button; Modifiers modifiers; };
+struct PointerMove { Pixel at; };
+// ENTER, ESC and BACKSPACE, which reach the tool as complete, abort and delete actions.
+struct Key { enum class Name { kEnter, kEscape, kBackspace } name; };
+// Script text run through the host's command language (context command edits, selection, ...).
+struct Command { std::string text; };
+struct SetOptionVar { std::string name; std::variant<int, double, std::string> value; };
+struct Select { std::vector<std::string> names; };
+struct Undo { int times = 1; };
+struct Redo { int times = 1; };
+// Captures the viewport as a picture named after the step (or `name`).
+struct Frame { std::string name; };
+struct CameraPlacement { Vec3 eye; Vec3 target; double fieldOfViewDegrees = 45.0; };
+
+using Step = std::variant<Press, Drag, Release, PointerMove, Key, Command, SetOptionVar, Select, Undo, Redo,
+                          Frame, CameraPlacement>;
+
+// Where the dense source mesh comes from: an OBJ file, or a built-in procedural mesh.
+struct SourceMesh {
+    std::string objPath;              // empty for a procedural mesh
+    std::string procedural = "limb";  // "limb", "sphere", "torus" or "plane"
+    int triangles = 200000;           // approximate density of a procedural mesh
+};
+
+struct Session {
+    SourceMesh source;
+    int viewWidth = 960;
+    int viewHeight = 640;
+    std::optional<CameraPlacement> camera;  // none: frame the source mesh
+    std::vector<Step> steps;
+};
+
+// A session document that cannot be read; the message names the step and field at fault.
+class SessionError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Parses a session from JSON text; throws SessionError.
+Session parseSession(const std::string& jsonText);
+// Reads and parses a session file; throws SessionError (also for a file that cannot be read).
+Session loadSession(const std::string& path);
+
+}  // namespace kystrake
