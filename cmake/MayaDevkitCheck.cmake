@@ -4,6 +4,7 @@ file(GLOB_RECURSE KY_PLUGIN_SOURCES CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/plugin/*.cpp ${PROJECT_SOURCE_DIR}/tool/*.cpp ${PROJECT_SOURCE_DIR}/patch/*.cpp
     ${PROJECT_SOURCE_DIR}/geometry/*.cpp ${PROJECT_SOURCE_DIR}/nodes/*.cpp ${PROJECT_SOURCE_DIR}/viewport/*.cpp)
 set(KY_DEVKIT_STAMPS)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/devkit_check)
 foreach(src ${KY_PLUGIN_SOURCES})
     file(RELATIVE_PATH rel ${PROJECT_SOURCE_DIR} ${src})
     string(REPLACE "/" "_" stamp ${rel})

@@ -44,6 +44,9 @@ public:
     MString& asString() const;
     // The mesh data object held, or null when the value is no mesh.
     MObject asMesh() const;
+    // The mesh with its points moved by the data's matrix (world space for a worldMesh value), as a new
+    // data object with the identity matrix; asMesh's object when the matrix is the identity.
+    MObject asMeshTransformed() const;
 
     void set(bool);
     void set(short);

@@ -57,6 +57,7 @@ public:
         kStringData = 600,
         kStringArrayData = 601,
         kVectorArrayData = 602,
+        kPolyMergeVert = 693,
         kPluginShape = 706,
         kGeometryData = 707,
         kSingleIndexedComponent = 708,
@@ -72,6 +73,8 @@ public:
         kAttribute4Double = 875,
         kPluginTransformNode = 908,
         kConstraint = 927,
+        kPolySplitRing = 965,
+        kPolyBridgeEdge = 990,
         kPluginConstraintNode = 1012,
         kFloatArrayData = 1032,
         kLast = 1130

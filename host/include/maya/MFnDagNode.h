@@ -32,8 +32,8 @@ class OPENMAYA_EXPORT MFnDagNode : public MFnDependencyNode {
     bool isChildOf(const MObject& node, MStatus* ReturnStatus = NULL) const;
     bool isParentOf(const MObject& node, MStatus* ReturnStatus = NULL) const;
     bool isInstanced(bool indirect = true, MStatus* ReturnStatus = NULL) const;
-    // Copies the node (with its plug values, children and the connections into it) under the same
-    // parent; returns the copy.
+    // Copies the node with its plug values and children under the same parent; returns the copy.
+    // Connections are not copied: the copy keeps the values its inputs give at that moment.
     MObject duplicate(bool instance = false, bool instanceLeaf = false, MStatus* ReturnStatus = NULL) const;
     MStatus getPath(MDagPath& path) const;
     MDagPath dagPath(MStatus* ReturnStatus = NULL) const;

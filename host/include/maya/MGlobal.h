@@ -9,6 +9,7 @@
 class MDagPath;
 class MDoubleArray;
 class MObject;
+class MRichSelection;
 class MSelectionList;
 class MIntArray;
 class MStringArray;
@@ -29,6 +30,10 @@ public:
     static MStatus select(const MDagPath& object, const MObject& component, ListAdjustment = kAddToList);
     static MStatus unselect(MObject& object);
     static MStatus clearSelectionList();
+    // The rich selection: the host has no soft selection, so this is the active selection, or an
+    // empty one when defaultToActiveSelection is false. Setting it sets the active selection.
+    static MStatus getRichSelection(MRichSelection& dest, bool defaultToActiveSelection = true);
+    static MStatus setRichSelection(const MRichSelection& src);
     static bool isSelected(MObject& object, MStatus* ReturnStatus = NULL);
 
     // Runs script text (see host/README.md for the language). displayEnabled echoes the text to the

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #define MAYA_APP_VERSION 2019
 #define MAYA_API_VERSION 20190300
@@ -30,8 +31,13 @@ typedef void* (*MCreatorFunction)();
 typedef MSyntax (*MCreateSyntaxFunction)();
 typedef MStatus (*MInitializeFunction)();
 
+// An unsigned integer as wide as a pointer (callback ids are of this type).
+typedef uintptr_t MUintPtrSz;
+
 typedef double double3[3];
 typedef float float3[3];
+typedef signed int int2[2];
+typedef float float2[2];
 
 // Space in which a geometric query or edit is expressed.
 class MSpace {

@@ -17,6 +17,9 @@ std::optional<ArgValue> convert(MSyntax::MArgType type, const ArgValue& value) {
     double real = 0;
     switch (type) {
         case MSyntax::kBoolean:
+            // A number given to a boolean flag keeps its value, so a flag declared boolean can still be
+            // read back as an integer (a tool's mode number, say); it reads as true when non-zero.
+            if (value.toInt(integer)) return ArgValue::fromInt(integer);
             if (value.toBool(flag)) return ArgValue::fromBool(flag);
             return std::nullopt;
         case MSyntax::kLong:

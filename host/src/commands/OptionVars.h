@@ -19,6 +19,8 @@ public:
     // False when the name was not set.
     bool remove(const std::string& name) { return fValues.erase(name) > 0; }
     void clear() { fValues.clear(); }
+    // Every variable by name (scene files save them).
+    const std::map<std::string, CommandResult>& all() const { return fValues; }
 
 private:
     std::map<std::string, CommandResult> fValues;

@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "commands/MessageLog.h"
+#include "messages/Notifications.h"
 
 namespace mhost {
 
@@ -36,14 +37,18 @@ MStatus UndoQueue::replay(Entry& entry, bool undoing) {
 MStatus UndoQueue::undo() {
     if (!canUndo()) return MS::kFailure;
     MStatus status = replay(fEntries[fDone - 1], true);
-    if (status) --fDone;
+    if (!status) return status;
+    --fDone;
+    notifyEvent("Undo");
     return status;
 }
 
 MStatus UndoQueue::redo() {
     if (!canRedo()) return MS::kFailure;
     MStatus status = replay(fEntries[fDone], false);
-    if (status) ++fDone;
+    if (!status) return status;
+    ++fDone;
+    notifyEvent("Redo");
     return status;
 }
 

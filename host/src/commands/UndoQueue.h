@@ -22,11 +22,11 @@ class UndoQueue {
 public:
     // Files a finished command as the newest undoable step; ignored while an undo or redo runs.
     void push(std::unique_ptr<CommandInstance> command, std::string journal);
-    // Undoes the newest done step. kFailure when there is none; a failing undoIt is returned and
-    // leaves the position where it was.
+    // Undoes the newest done step and sends "Undo". kFailure when there is none; a failing undoIt is
+    // returned and leaves the position where it was.
     MStatus undo();
-    // Redoes the oldest undone step. kFailure when there is none; a failing redoIt is returned and
-    // leaves the position where it was.
+    // Redoes the oldest undone step and sends "Redo". kFailure when there is none; a failing redoIt is
+    // returned and leaves the position where it was.
     MStatus redo();
     bool canUndo() const { return fDone > 0; }
     bool canRedo() const { return fDone < fEntries.size(); }

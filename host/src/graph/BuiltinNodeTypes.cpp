@@ -1,6 +1,8 @@
 #include "graph/BuiltinNodeTypes.h"
 
 #include "graph/NodeType.h"
+#include "meshnode/MeshNodeTypes.h"
+#include "polymodifiers/PolyModifierNode.h"
 
 #include <cctype>
 #include <tuple>
@@ -106,6 +108,8 @@ void addInheritedAttributes(NodeType& type) {
 void registerBuiltinNodeTypes(NodeTypeRegistry& registry) {
     registry.add(makeTransformType());
     registry.add(makeShadingEngineType());
+    registerMeshNodeTypes(registry);
+    registerPolyModifierTypes(registry);
 }
 
 }  // namespace mhost

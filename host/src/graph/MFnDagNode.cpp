@@ -18,9 +18,14 @@ void report(MStatus* out, MStatus status) {
     if (out) *out = status;
 }
 
+// The copy gets no connections: it keeps the values its inputs give now, and the dirty flags of its
+// outputs, so that a mesh's geometry, say, is computed again from those values.
 NodePtr copySubtree(const NodePtr& original, mhost::Node* parent) {
+    for (const auto& c : mhost::scene().connectionsOf(*original))
+        if (c.destination.node == original) mhost::scene().evaluate(c.destination);
     NodePtr copy = mhost::scene().createNode(original->type, original->name, parent);
     copy->values = original->values;
+    copy->dirty = original->dirty;
     for (auto& [key, value] : copy->values)
         if (auto data = mhost::dataOf(value.data)) value.data = mhost::wrapData(data->clone());
     for (const auto& child : original->children) copySubtree(child, copy.get());

@@ -8,10 +8,10 @@
 
 namespace {
 
-MSelectionList& active() { return mhost::scene().settings.activeSelection; }
+const MSelectionList& active() { return mhost::scene().settings.activeSelection; }
 
 MStatus adjust(const MSelectionList& items, MGlobal::ListAdjustment how) {
-    MSelectionList& list = active();
+    MSelectionList list = active();
     switch (how) {
         case MGlobal::kReplaceList: list = items; break;
         case MGlobal::kXORWithList: list.merge(items, MSelectionList::kXORWithList); break;
@@ -24,6 +24,7 @@ MStatus adjust(const MSelectionList& items, MGlobal::ListAdjustment how) {
             break;
         }
     }
+    mhost::scene().setActiveSelection(list);
     return MS::kSuccess;
 }
 
@@ -64,7 +65,7 @@ MStatus MGlobal::select(const MDagPath& object, const MObject& component, ListAd
 MStatus MGlobal::unselect(MObject& object) { return select(object, kRemoveFromList); }
 
 MStatus MGlobal::clearSelectionList() {
-    active().clear();
+    mhost::scene().setActiveSelection(MSelectionList());
     return MS::kSuccess;
 }
 

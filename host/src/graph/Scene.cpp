@@ -4,6 +4,7 @@
 #include <maya/MPlug.h>
 #include <maya/MPlugArray.h>
 #include <maya/MPxNode.h>
+#include <maya/MStringArray.h>
 
 #include <algorithm>
 #include <cctype>
@@ -11,6 +12,7 @@
 #include "graph/DataObject.h"
 #include "core/Uuid.h"
 #include "graph/ApiBridge.h"
+#include "messages/Notifications.h"
 
 namespace mhost {
 namespace {
@@ -257,6 +259,17 @@ void Scene::setValue(const PlugRef& plug, const PlugValue& value) {
     dirtyWithinNode(plug, visited);
     for (const auto& c : std::vector<Connection>(connections_))
         if (plugsOverlap(c.source, plug)) propagateDirty(c.destination, visited);
+    notifyPlugSet(plug);
+}
+
+void Scene::setActiveSelection(const MSelectionList& selection) {
+    MStringArray before, after;
+    settings.activeSelection.getSelectionStrings(before);
+    selection.getSelectionStrings(after);
+    settings.activeSelection = selection;
+    bool changed = before.length() != after.length();
+    for (unsigned int i = 0; !changed && i < after.length(); ++i) changed = before[i] != after[i];
+    if (changed) notifyEvent("SelectionChanged");
 }
 
 void Scene::markDirty(const PlugRef& plug) {

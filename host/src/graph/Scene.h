@@ -70,8 +70,11 @@ public:
     // Pull evaluation: the value the plug has now, computing or pulling through connections when
     // it is dirty.
     PlugValue evaluate(const PlugRef& plug);
-    // Stores a value in the plug and dirties everything downstream.
+    // Stores a value in the plug, dirties everything downstream and tells the attribute-changed
+    // callbacks of the plug's node.
     void setValue(const PlugRef& plug, const PlugValue& value);
+    // Replaces settings.activeSelection; sends "SelectionChanged" when its items differ from before.
+    void setActiveSelection(const MSelectionList& selection);
     // The plug whose stored value holds this plug's: the parent for a child of a numeric compound
     // (whose values live in the parent's components), the plug itself otherwise.
     static PlugRef storageOf(const PlugRef& plug);

@@ -371,12 +371,12 @@ std::optional<SurfacePoint> RayAccelerator::closestPoint(const Vec3& p, double m
     return impl_->surfacePoint(search.triangle, search.nearest, std::sqrt(search.distanceSquared));
 }
 
-const RayAccelerator& RayAcceleratorCache::acceleratorFor(const MeshTopology& mesh) {
+std::shared_ptr<const RayAccelerator> RayAcceleratorCache::sharedAcceleratorFor(const MeshTopology& mesh) {
     if (!accelerator_ || !accelerator_->isBuiltFor(mesh)) {
         accelerator_.reset();
-        accelerator_ = std::make_unique<RayAccelerator>(mesh);
+        accelerator_ = std::make_shared<const RayAccelerator>(mesh);
     }
-    return *accelerator_;
+    return accelerator_;
 }
 
 }  // namespace mhost

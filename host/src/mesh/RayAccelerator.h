@@ -89,14 +89,17 @@ private:
     std::uint64_t meshVersion_;
 };
 
-// Keeps one accelerator and rebuilds it only when asked for a mesh it was not built for.
+// Keeps one accelerator and rebuilds it only when asked for a mesh it was not built for. Copies of a
+// cache share the accelerator it holds, so copies of a mesh reuse one build until they change.
 class RayAcceleratorCache {
 public:
-    const RayAccelerator& acceleratorFor(const MeshTopology& mesh);
+    const RayAccelerator& acceleratorFor(const MeshTopology& mesh) { return *sharedAcceleratorFor(mesh); }
+    // The same accelerator, for callers that keep it beyond the cache's next rebuild.
+    std::shared_ptr<const RayAccelerator> sharedAcceleratorFor(const MeshTopology& mesh);
     void clear() { accelerator_.reset(); }
 
 private:
-    std::unique_ptr<RayAccelerator> accelerator_;
+    std::shared_ptr<const RayAccelerator> accelerator_;
 };
 
 }  // namespace mhost

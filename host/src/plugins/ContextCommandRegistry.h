@@ -4,16 +4,23 @@
 
 #include <maya/MTypes.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace mhost {
+
+struct SyntaxData;
 
 struct ContextCommandEntry {
     std::string name;
     MCreatorFunction creator = nullptr;
     std::string toolCommandName;  // empty when the context has no tool command
     std::string owner;
+    // How the contexts' newToolCommand makes the tool command: its creator and registered syntax
+    // (null when it has none).
+    MCreatorFunction toolCommandCreator = nullptr;
+    std::shared_ptr<SyntaxData> toolCommandSyntax;
 };
 
 class ContextCommandRegistry {

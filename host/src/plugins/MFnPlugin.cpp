@@ -1,12 +1,15 @@
 #define MNoVersionString
 #include <maya/MFnPlugin.h>
+#include <maya/MSyntax.h>
 
 #include <algorithm>
 
 #include "commands/CommandTable.h"
 #include "commands/PluginCommand.h"
 #include "graph/BuiltinNodeTypes.h"
+#include "graph/LocatorAttributes.h"
 #include "graph/Scene.h"
+#include "interaction/ContextCommands.h"
 #include "plugins/ContextCommandRegistry.h"
 #include "plugins/PluginRecord.h"
 
@@ -125,9 +128,8 @@ MStatus MFnPlugin::deregisterCommand(const MString& commandName) {
 MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction) {
     auto record = recordOf(fObject);
     if (!record || !creatorFunction) return MS::kInvalidParameter;
-    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, "", record->name};
-    if (mhost::commandTable().contains(entry.name)) return MS::kFailure;
-    return mhost::contextCommands().add(entry) ? MS::kSuccess : MS::kFailure;
+    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, "", record->name, nullptr, nullptr};
+    return mhost::addContextCommand(entry) ? MS::kSuccess : MS::kFailure;
 }
 
 MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction,
@@ -139,15 +141,16 @@ MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFu
         return MS::kFailure;
     MStatus status = registerCommand(toolCmdName, toolCmdCreator, toolCmdSyntax);
     if (!status) return status;
-    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, toolCmdName.asChar(), record->name};
-    return mhost::contextCommands().add(entry) ? MS::kSuccess : MS::kFailure;
+    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, toolCmdName.asChar(), record->name,
+                                     toolCmdCreator, toolCmdSyntax ? toolCmdSyntax().hostData() : nullptr};
+    return mhost::addContextCommand(entry) ? MS::kSuccess : MS::kFailure;
 }
 
 MStatus MFnPlugin::deregisterContextCommand(const MString& commandName) {
     auto record = recordOf(fObject);
     const auto* entry = mhost::contextCommands().find(commandName.asChar());
     if (!record || !entry || entry->owner != record->name) return MS::kFailure;
-    return mhost::contextCommands().remove(commandName.asChar()) ? MS::kSuccess : MS::kFailure;
+    return mhost::removeContextCommand(commandName.asChar()) ? MS::kSuccess : MS::kFailure;
 }
 
 MStatus MFnPlugin::deregisterContextCommand(const MString& commandName, const MString& toolCmdName) {
@@ -173,6 +176,7 @@ MStatus MFnPlugin::registerNode(const MString& typeName, const MTypeId& typeId, 
     if (!describeKind(kind, *type)) return MS::kNotImplemented;
     type->create = [creatorFunction] { return static_cast<MPxNode*>(creatorFunction()); };
     mhost::addInheritedAttributes(*type);
+    if (kind == MPxNode::kLocatorNode) mhost::addLocatorAttributes(*type);
     registry.initializing = type;
     MStatus status = initFunction();
     registry.initializing = nullptr;

@@ -11,6 +11,7 @@
 #include "commands/UndoQueue.h"
 #include "graph/NodeType.h"
 #include "graph/Scene.h"
+#include "interaction/ContextCommands.h"
 #include "plugins/ContextCommandRegistry.h"
 #include "plugins/PluginRecord.h"
 
@@ -42,7 +43,7 @@ EntryPoint entryPoint(void* handle, const char* name) {
 
 // Removes whatever a plug-in left registered, so nothing points into a module about to be closed.
 void removeLeftovers(const std::string& owner) {
-    for (const auto& name : contextCommands().namesOwnedBy(owner)) contextCommands().remove(name);
+    for (const auto& name : contextCommands().namesOwnedBy(owner)) removeContextCommand(name);
     for (const auto& name : commandTable().namesOwnedBy(owner)) commandTable().remove(name);
     for (const auto& type : nodeTypes().all()) {
         if (type->owner != owner) continue;

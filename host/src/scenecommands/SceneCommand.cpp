@@ -39,6 +39,8 @@ void registerSceneCommands() {
     registerHistoryCommands(table);
     registerSelectionCommands(table);
     registerPluginCommands(table);
+    registerPolyCommands(table);
+    registerMoveCommand(table);
 }
 
 }  // namespace mhost

@@ -11,5 +11,7 @@ void registerAttributeCommands(CommandTable& table);
 void registerHistoryCommands(CommandTable& table);
 void registerSelectionCommands(CommandTable& table);
 void registerPluginCommands(CommandTable& table);
+void registerPolyCommands(CommandTable& table);
+void registerMoveCommand(CommandTable& table);
 
 }  // namespace mhost

@@ -37,17 +37,17 @@ public:
             if (!named.add(names[i])) return fail(std::string("No object matches name: ") + names[i].asChar());
         before_ = scene().settings.activeSelection;
         after_ = flags().isFlagSet("-cl") ? MSelectionList() : combine(flags(), before_, named);
-        scene().settings.activeSelection = after_;
+        scene().setActiveSelection(after_);
         return MS::kSuccess;
     }
 
     bool isUndoable() const override { return true; }
     MStatus undoIt() override {
-        scene().settings.activeSelection = before_;
+        scene().setActiveSelection(before_);
         return MS::kSuccess;
     }
     MStatus redoIt() override {
-        scene().settings.activeSelection = after_;
+        scene().setActiveSelection(after_);
         return MS::kSuccess;
     }
 

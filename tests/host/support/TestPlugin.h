@@ -4,6 +4,8 @@
 // with the scene, when the fixture ends.
 
 #include <gtest/gtest.h>
+// The test program is no plug-in: it exports no MApiVersion, whichever files include this.
+#define MNoVersionString
 #include <maya/MFnPlugin.h>
 
 #include "commands/UndoQueue.h"

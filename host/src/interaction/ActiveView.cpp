@@ -1,0 +1,48 @@
+#include "interaction/ActiveView.h"
+
+#include <maya/MMatrix.h>
+
+#include <string>
+
+#include "messages/Notifications.h"
+
+namespace mhost {
+
+void ActiveView::setSize(int width, int height) {
+    if (width < 1 || height < 1)
+        throw HostError("view: a size of " + std::to_string(width) + " x " + std::to_string(height) +
+                        " pixels has no area");
+    fWidth = width;
+    fHeight = height;
+    notifyEvent("modelEditorChanged");
+}
+
+NodePtr ActiveView::camera() const {
+    NodePtr camera = fCamera.lock();
+    return camera && camera->alive ? camera : nullptr;
+}
+
+void ActiveView::setCamera(const NodePtr& camera) {
+    if (!camera || !camera->alive || !isCamera(*camera))
+        throw HostError("view: '" + (camera ? camera->name : std::string("null")) + "' is not a live camera");
+    fCamera = camera;
+    notifyEvent("modelEditorChanged");
+}
+
+MDagPath ActiveView::cameraPath() const {
+    NodePtr shape = camera();
+    return shape ? MDagPath::fromHostNode(shape) : MDagPath();
+}
+
+ViewProjection ActiveView::projection() const {
+    NodePtr shape = camera();
+    if (!shape) throw HostError("view: the view has no camera");
+    return ViewProjection(cameraPath().inclusiveMatrix(), readLens(shape), fWidth, fHeight);
+}
+
+ActiveView& activeView() {
+    static ActiveView view;
+    return view;
+}
+
+}  // namespace mhost

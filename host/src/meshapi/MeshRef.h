@@ -1,0 +1,48 @@
+#pragma once
+// What a mesh function set or iterator works on: a mesh shape, with the DAG path that places it, or a
+// mesh data object. Reads see the mesh as it is now. A shape's data object is looked up again only
+// when the shape's output has changed, so a step of an iterator over a big mesh costs a map lookup,
+// not an evaluation.
+
+#include <maya/MDagPath.h>
+#include <maya/MMatrix.h>
+
+#include <functional>
+
+#include "graph/Node.h"
+#include "meshnode/MeshData.h"
+
+namespace mhost {
+
+class MeshRef {
+public:
+    MeshRef() = default;
+    explicit MeshRef(MeshDataPtr data) : data_(std::move(data)) {}
+    // A mesh shape node or mesh data; throws HostError for anything else.
+    static MeshRef of(const MObject& object);
+    // The mesh shape at the end of the path, or the one mesh shape below the transform it ends at;
+    // throws HostError for any other path.
+    static MeshRef of(const MDagPath& path);
+
+    bool isNull() const { return !shape_ && !data_; }
+    bool isShape() const { return shape_ != nullptr; }
+    const NodePtr& shape() const { return shape_; }
+    const MDagPath& path() const { return path_; }
+    // The shape node or the data object, as an MObject.
+    MObject object() const;
+
+    // Throw HostError when nothing is attached or the shape has been deleted.
+    MeshDataPtr data() const;
+    const MeshTopology& mesh() const { return data()->mesh(); }
+    // Object to world: the path's inclusive matrix for a shape, the data's own matrix for data.
+    MMatrix worldMatrix() const;
+    // Changes the mesh: in place for data, by the rules of editShapeGeometry for a shape.
+    void edit(const std::function<void(MeshTopology&)>& edit) const;
+
+private:
+    NodePtr shape_;
+    MDagPath path_;
+    mutable MeshDataPtr data_;
+};
+
+}  // namespace mhost

@@ -1,0 +1,51 @@
+#pragma once
+// Components of a mesh: a set of vertex, edge or polygon ids (MFn::kMeshVertComponent,
+// kMeshEdgeComponent, kMeshPolygonComponent), as MFnSingleIndexedComponent builds them and selection
+// strings name them: "vtx[3]", "e[2:5]", "f[*]".
+
+#include <maya/MObject.h>
+
+#include <memory>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "graph/ComponentObject.h"
+#include "mesh/MeshTopology.h"
+
+namespace mhost {
+
+class MeshComponent : public ComponentObject {
+public:
+    // `type` must be a mesh component type (isMeshComponentType); throws HostError otherwise.
+    explicit MeshComponent(MFn::Type type);
+
+    MFn::Type apiType() const override { return type_; }
+    // ".vtx[3]", ".e[2:5]"; elements that do not form one run are listed with commas, ".f[1,4:6]",
+    // which the host reads back though Maya would not.
+    std::string selectionSuffix() const override;
+
+    // Adds an element that is not there yet; elements keep the order they were added in. Ids must not be
+    // negative (HostError).
+    void add(int element);
+    const std::vector<int>& elements() const { return elements_; }
+
+private:
+    MFn::Type type_;
+    std::vector<int> elements_;
+    std::unordered_set<int> present_;
+};
+
+using MeshComponentPtr = std::shared_ptr<MeshComponent>;
+
+bool isMeshComponentType(MFn::Type type);
+// The mesh component an MObject holds; null for anything else.
+MeshComponentPtr meshComponentOf(const MObject& object);
+// How many elements of the component's kind the mesh has.
+int elementCountOf(MFn::Type type, const MeshTopology& mesh);
+
+// The component a selection-string suffix such as "vtx[2:5]" names on `mesh`, or null when the text is
+// no mesh component or names an element the mesh does not have.
+MeshComponentPtr parseMeshComponent(const std::string& text, const MeshTopology& mesh);
+
+}  // namespace mhost

@@ -1,0 +1,78 @@
+#include "meshnode/ShapeGeometry.h"
+
+#include "graph/Scene.h"
+#include "meshnode/MeshShapeNode.h"
+#include "meshnode/VertexTweaks.h"
+
+namespace mhost {
+namespace {
+
+PlugRef plugOf(const NodePtr& shape, const AttributePtr& attribute) { return {shape, {attribute.get(), -1}}; }
+
+// The mesh data stored in a plug of the shape, put in place first when the plug holds none, so that
+// edits made to it stay in the node.
+MeshDataPtr storedMesh(const NodePtr& shape, const AttributePtr& attribute) {
+    PlugValue& value = shape->values[{attribute.get(), -1}];
+    MeshDataPtr data = meshDataOf(value.data);
+    if (!data) {
+        data = std::make_shared<MeshData>();
+        value.data = wrapData(data);
+    }
+    return data;
+}
+
+// What reads the shape's output learns that it changed; the output itself stays clean.
+void dirtyConsumers(const NodePtr& shape) {
+    const MeshShapeAttributes& a = meshShapeAttributes();
+    for (const PlugRef& destination : scene().destinationsOf(plugOf(shape, a.outMesh)))
+        scene().markDirty(destination);
+    scene().markDirty(plugOf(shape, a.worldMesh));
+}
+
+// Stores the shape's own mesh back in inMesh, which dirties every output and their consumers.
+void ownMeshChanged(const NodePtr& shape) {
+    const PlugRef input = plugOf(shape, meshShapeAttributes().inMesh);
+    scene().setValue(input, shape->storedValue(input.key));
+}
+
+void editOwnMesh(const NodePtr& shape, const std::function<void(MeshTopology&)>& edit) {
+    const MeshShapeAttributes& a = meshShapeAttributes();
+    const MeshDataPtr own = storedMesh(shape, a.inMesh);
+    const VertexTweaks tweaks = VertexTweaks::read(shape, *a.pnts);
+    if (tweaks.empty()) {
+        edit(own->editMesh());
+    } else {
+        MeshTopology shown = shapeGeometry(shape)->mesh();
+        edit(shown);
+        tweaks.subtractFrom(shown);
+        own->setMesh(std::move(shown));
+    }
+    ownMeshChanged(shape);
+}
+
+}  // namespace
+
+MeshDataPtr shapeGeometry(const NodePtr& shape) {
+    const MeshShapeAttributes& a = meshShapeAttributes();
+    scene().evaluate(plugOf(shape, a.outMesh));
+    return storedMesh(shape, a.outMesh);
+}
+
+bool hasHistory(const NodePtr& shape) {
+    return scene().sourceOf(plugOf(shape, meshShapeAttributes().inMesh)).has_value();
+}
+
+void editShapeGeometry(const NodePtr& shape, const std::function<void(MeshTopology&)>& edit) {
+    if (!hasHistory(shape)) return editOwnMesh(shape, edit);
+    edit(shapeGeometry(shape)->editMesh());
+    dirtyConsumers(shape);
+}
+
+void setShapeMesh(const NodePtr& shape, MeshTopology mesh) {
+    if (hasHistory(shape))
+        throw HostError("mesh: shape '" + shape->name + "' has history; its input would overwrite the mesh");
+    storedMesh(shape, meshShapeAttributes().inMesh)->setMesh(std::move(mesh));
+    ownMeshChanged(shape);
+}
+
+}  // namespace mhost

@@ -1,0 +1,147 @@
+// The mesh shape in the graph: history through inMesh, pnts and polyTweak tweaks, how MFnMesh edits are
+// kept with and without history, duplication, deleting history, worldMesh and bounds.
+
+#include <maya/MDataHandle.h>
+#include <maya/MFnGeometryData.h>
+#include <maya/MMatrix.h>
+#include <maya/MPlug.h>
+
+#include "support/MeshScene.h"
+
+namespace {
+
+using mhost::driver::runCommand;
+
+MPoint pointOf(const MDagPath& shape, int vertex, MSpace::Space space = MSpace::kObject) {
+    MPoint p;
+    EXPECT_TRUE(MFnMesh(shape).getPoint(vertex, p, space));
+    return p;
+}
+
+MPoint pointOf(const MObject& meshData, int vertex) {
+    MPoint p;
+    EXPECT_TRUE(MFnMesh(meshData).getPoint(vertex, p));
+    return p;
+}
+
+MPlug plugOf(const MDagPath& shape, const char* attribute) {
+    return MFnDependencyNode(shape.node()).findPlug(attribute, false);
+}
+
+// A cube "src" feeding an empty mesh shape "dstShape" through its outMesh.
+class MeshApiHistory : public MeshSceneTest {
+protected:
+    void SetUp() override {
+        MeshSceneTest::SetUp();
+        src = addMesh(unitCube(), "src");
+        ASSERT_TRUE(runCommand("createNode transform -n dst; createNode mesh -n dstShape -p dst"));
+        dst = pathTo("dstShape");
+    }
+    MDagPath src, dst;
+};
+
+TEST_F(MeshApiHistory, AShapeWithHistoryFollowsItsInputAndAddsItsTweaks) {
+    ASSERT_TRUE(runCommand("connectAttr srcShape.outMesh dstShape.inMesh"));
+    EXPECT_EQ(8, MFnMesh(dst).numVertices());
+    ASSERT_TRUE(MFnMesh(src).setPoint(7, MPoint(1, 5, 1)));
+    EXPECT_TRUE(pointOf(dst, 7).isEquivalent(MPoint(1, 5, 1)));
+    ASSERT_TRUE(runCommand("setAttr dstShape.pnts[7] 0 1 0; setAttr dstShape.pnts[2].pntx 0.5"));
+    EXPECT_TRUE(pointOf(dst, 7).isEquivalent(MPoint(1, 6, 1)));
+    EXPECT_TRUE(pointOf(dst, 2).isEquivalent(MPoint(0.5, 1, 0)));
+    EXPECT_TRUE(pointOf(plugOf(dst, "cachedInMesh").asMObject(), 7).isEquivalent(MPoint(1, 5, 1)))
+        << "cachedInMesh holds the mesh before the tweaks";
+}
+
+TEST_F(MeshApiHistory, PolyTweakAddsItsOffsetsBetweenTwoShapes) {
+    ASSERT_TRUE(
+        runCommand("createNode polyTweak -n tweaks; connectAttr srcShape.outMesh tweaks.inputPolymesh;"
+                   "connectAttr tweaks.output dstShape.inMesh; setAttr tweaks.tweak[3] 0 0 1"));
+    EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 1)));
+    EXPECT_TRUE(pointOf(dst, 4).isEquivalent(MPoint(0, 0, 1)));
+    ASSERT_TRUE(runCommand("setAttr tweaks.tk[3].tz 2"));
+    EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 2)));
+}
+
+TEST_F(MeshApiHistory, EditsOnAShapeWithHistoryLastUntilTheHistoryEvaluatesAgain) {
+    ASSERT_TRUE(runCommand("connectAttr srcShape.outMesh dstShape.inMesh"));
+    MFnMesh fn(dst);
+    ASSERT_TRUE(fn.setPoint(0, MPoint(0, -1, 0)));
+    ASSERT_FALSE(
+        fn.addPolygon(pointArray({MPoint(0, 0, 1), MPoint(0, 0, 3), MPoint(1, 0, 3)}), true, 1e-3).isNull());
+    EXPECT_EQ(7, fn.numPolygons());
+    EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(0, -1, 0)));
+    EXPECT_TRUE(pointOf(src, 0).isEquivalent(MPoint(0, 0, 0))) << "the input is not touched";
+    ASSERT_TRUE(MFnMesh(src).setPoint(1, MPoint(2, 0, 0)));
+    EXPECT_EQ(6, fn.numPolygons());
+    EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(0, 0, 0)));
+    EXPECT_TRUE(pointOf(dst, 1).isEquivalent(MPoint(2, 0, 0)));
+}
+
+TEST_F(MeshApiHistory, EditsOnAShapeWithoutHistoryAreKeptUnderItsTweaks) {
+    ASSERT_TRUE(runCommand("setAttr srcShape.pnts[0] 0 0 2"));
+    EXPECT_TRUE(pointOf(src, 0).isEquivalent(MPoint(0, 0, 2)));
+    ASSERT_TRUE(MFnMesh(src).setPoint(0, MPoint(3, 3, 3)));
+    EXPECT_TRUE(pointOf(src, 0).isEquivalent(MPoint(3, 3, 3)));
+    ASSERT_TRUE(runCommand("setAttr srcShape.pnts[0] 0 0 0"));
+    EXPECT_TRUE(pointOf(src, 0).isEquivalent(MPoint(3, 3, 1)))
+        << "the edit went into the mesh under the tweak";
+    ASSERT_FALSE(MFnMesh(src)
+                     .addPolygon(pointArray({MPoint(0, 1, 0), MPoint(0, 3, 0), MPoint(1, 3, 0)}), true, 1e-3)
+                     .isNull());
+    ASSERT_TRUE(runCommand("setAttr srcShape.pnts[1] 1 0 0"));
+    EXPECT_EQ(7, MFnMesh(src).numPolygons()) << "a new polygon survives re-evaluation";
+}
+
+TEST_F(MeshApiHistory, DeletingHistoryOrDisconnectingKeepsTheLastMesh) {
+    ASSERT_TRUE(
+        runCommand("createNode polyTweak -n tweaks; connectAttr srcShape.outMesh tweaks.inputPolymesh;"
+                   "connectAttr tweaks.output dstShape.inMesh; setAttr tweaks.tweak[3] 0 0 1;"
+                   "delete -ch dstShape"));
+    std::string exists;
+    ASSERT_TRUE(runCommand("objExists tweaks", &exists));
+    EXPECT_EQ("0", exists);
+    EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 1)));
+    ASSERT_TRUE(runCommand("setAttr dstShape.pnts[0] 1 0 0"));
+    EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(1, 0, 0)));
+    EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 1)));
+    ASSERT_TRUE(runCommand("connectAttr srcShape.outMesh dstShape.inMesh"));
+    EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 0)));
+    ASSERT_TRUE(runCommand("disconnectAttr srcShape.outMesh dstShape.inMesh"));
+    ASSERT_TRUE(MFnMesh(src).setPoint(3, MPoint(9, 9, 9)));
+    EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 0))) << "it keeps the last mesh that came in";
+    EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(1, 0, 0)));
+}
+
+TEST_F(MeshApiHistory, DuplicateCopiesTheGeometryAndNotTheConnections) {
+    ASSERT_TRUE(runCommand("connectAttr srcShape.outMesh dstShape.inMesh; setAttr dstShape.pnts[5] 0 2 0"));
+    ASSERT_TRUE(MFnMesh(src).setPoint(6, MPoint(0, 4, 1)));
+    MStatus status;
+    MObject copy = MFnDagNode(pathTo("dst")).duplicate(false, false, &status);
+    ASSERT_TRUE(status);
+    MDagPath copyShape;
+    ASSERT_TRUE(MDagPath::getAPathTo(MFnDagNode(copy).child(0), copyShape));
+    EXPECT_FALSE(plugOf(copyShape, "inMesh").isConnected());
+    EXPECT_TRUE(pointOf(copyShape, 6).isEquivalent(MPoint(0, 4, 1)));
+    EXPECT_TRUE(pointOf(copyShape, 5).isEquivalent(MPoint(1, 2, 1)));
+    ASSERT_TRUE(MFnMesh(copyShape).setPoint(0, MPoint(-1, -1, -1)));
+    EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(0, 0, 0)));
+}
+
+TEST_F(MeshApiHistory, WorldMeshCarriesTheWorldMatrixAndBoundsStayInObjectSpace) {
+    ASSERT_TRUE(runCommand("setAttr src.translate 0 5 0"));
+    MPlug world = plugOf(src, "worldMesh").elementByLogicalIndex(0);
+    MObject data = world.asMObject();
+    MMatrix matrix;
+    ASSERT_TRUE(MFnGeometryData(data).getMatrix(matrix));
+    EXPECT_TRUE(matrix.isEquivalent(src.inclusiveMatrix()));
+    MPoint p;
+    ASSERT_TRUE(MFnMesh(data).getPoint(1, p, MSpace::kWorld));
+    EXPECT_TRUE(p.isEquivalent(MPoint(1, 5, 0)));
+    MDataHandle handle = world.asMDataHandle();
+    EXPECT_TRUE(pointOf(handle.asMeshTransformed(), 1).isEquivalent(MPoint(1, 5, 0)));
+    const MBoundingBox box = MFnDagNode(src).boundingBox();
+    EXPECT_TRUE(box.min().isEquivalent(MPoint(0, 0, 0)));
+    EXPECT_TRUE(box.max().isEquivalent(MPoint(1, 1, 1)));
+}
+
+}  // namespace
