@@ -137,9 +137,9 @@ private:
 
 std::vector<const FlagUse*> ParsedArgs::usesOf(const std::string& flag) const {
     std::vector<const FlagUse*> found;
-    const FlagSpec* spec = syntax.findFlag(flag);
-    if (!spec) return found;
-    const size_t index = static_cast<size_t>(spec - syntax.flags.data());
+    const FlagSpec* declared = syntax.findFlag(flag);
+    if (!declared) return found;
+    const size_t index = static_cast<size_t>(declared - syntax.flags.data());
     for (const FlagUse& use : uses)
         if (use.flag == index) found.push_back(&use);
     return found;

@@ -56,9 +56,9 @@ MStatus MSyntax::addFlag(const char* shortName, const char* longName, MArgType a
 }
 
 MStatus MSyntax::makeFlagMultiUse(const char* flag) {
-    mhost::FlagSpec* spec = flag ? fData->findFlag(flag) : nullptr;
-    if (!spec) return MS::kInvalidParameter;
-    spec->multiUse = true;
+    mhost::FlagSpec* declared = flag ? fData->findFlag(flag) : nullptr;
+    if (!declared) return MS::kInvalidParameter;
+    declared->multiUse = true;
     return MS::kSuccess;
 }
 
