@@ -21,8 +21,8 @@ using namespace mhost;
 using MHWRender::MUIDrawManager;
 
 // A camera above and in front of a unit sphere at the origin, a plane below it, and a display list
-// with one primitive of each kind that shows: the picture is written next to the test for a person
-// to look at, and a few of its pixels are checked.
+// with one primitive of each kind that shows: the picture is written to the test build folder for a
+// person to look at, and a few of its pixels are checked.
 class FramePicture : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -88,7 +88,7 @@ TEST_F(FramePicture, ShowsTheSourceShadedUnderTheFramesPrimitives) {
     MUIDrawManager manager(list);
     drawSampler(manager);
     const QImage image = renderFrame(frameWith(list), meshes_);
-    ASSERT_TRUE(image.save("drawing_picture_test.png", "PNG"));
+    ASSERT_TRUE(image.save(KY_TEST_OUTPUT_DIR "/drawing_picture_test.png", "PNG"));
     ASSERT_EQ(QSize(480, 360), image.size());
 
     const QColor background = viewPixel(image, 2, 2);
@@ -179,7 +179,7 @@ TEST_F(ScenePicture, ShadesTheMeshConnectedAsSourceAndWiresTheOthers) {
     ASSERT_TRUE(driver::runCommand("createNode sourceWatcher -n watcher"));
     ASSERT_TRUE(driver::runCommand("connectAttr " + sphere + ".outMesh watcher.kyStrakeMesh"));
     ASSERT_TRUE(driver::runFrame());
-    const std::string path = ::testing::TempDir() + "drawing_scene_picture_test.png";
+    const std::string path = KY_TEST_OUTPUT_DIR "/drawing_scene_picture_test.png";
     std::string error;
     ASSERT_TRUE(driver::writeFramePicture(path, &error)) << error;
     QImage image(QString::fromStdString(path));

@@ -130,7 +130,7 @@ TEST_F(GraphEvaluation, MinimumClampsWritesButNotTheDefault) {
 
 TEST_F(GraphEvaluation, TypedDataIsCopiedOnWriteAndReadsEmptyWhenNeverSet) {
     MObject node = makeAdder();
-    EXPECT_TRUE(plug(node, "points").asMObject().isNull());
+    EXPECT_EQ(0u, MFnPointArrayData(plug(node, "points").asMObject()).array().length());
     MPointArray points;
     points.append(MPoint(1, 2, 3));
     MFnPointArrayData data;

@@ -11,6 +11,7 @@
 class MDataHandle;
 class MPlugArray;
 class MIntArray;
+class MPointArray;
 
 namespace mhost {
 class Node;
@@ -121,6 +122,7 @@ public:
 
 private:
     MStatus writeNumbers(const double* values, int count);
+    MStatus setElementsFromPoints(const MPointArray& points);
 
     std::shared_ptr<mhost::Node> fNode;
     const mhost::Attribute* fAttribute = nullptr;

@@ -294,9 +294,27 @@ MStatus MPlug::setInt(int v) { return setDouble(v); }
 MStatus MPlug::setShort(short v) { return setDouble(v); }
 MStatus MPlug::setBool(bool v) { return setDouble(v ? 1.0 : 0.0); }
 
+// A point array written to an array of numeric compounds (a mesh's "pnts", say) replaces all its
+// elements: point i goes to element i, and an empty array removes every element.
+MStatus MPlug::setElementsFromPoints(const MPointArray& points) {
+    mhost::Node& node = *fNode;
+    for (auto it = node.values.begin(); it != node.values.end();)
+        it = it->first.attribute == fAttribute && it->first.index >= 0 ? node.values.erase(it) : std::next(it);
+    for (unsigned int i = 0; i < points.length(); ++i) {
+        PlugValue value;
+        value.numbers = {points[i].x, points[i].y, points[i].z, 0};
+        node.values[{fAttribute, static_cast<int>(i)}] = value;
+    }
+    mhost::scene().markDirty(hostPlug());
+    return MS::kSuccess;
+}
+
 MStatus MPlug::setMObject(const MObject& object) {
     if (isNull() || isLocked() || isDestination()) return MS::kFailure;
     auto data = mhost::dataOf(object);
+    auto points = std::dynamic_pointer_cast<mhost::PointArrayData>(data);
+    if (points && isArray() && fAttribute->isNumericCompound() && fAttribute->componentCount() >= 3)
+        return setElementsFromPoints(points->value);
     if (auto numeric = std::dynamic_pointer_cast<mhost::NumericData>(data))
         return writeNumbers(numeric->values.data(), fAttribute->componentCount());
     const bool accepted = !data ? object.isNull() : fAttribute->acceptsData(data->dataType());
