@@ -19,10 +19,18 @@ std::vector<Pixel> wavyLine(Pixel from, Pixel to, int points, double amplitude) 
 
 std::vector<Pixel> straightLine(Pixel from, Pixel to, int points) { return wavyLine(from, to, points, 0.0); }
 
-// One left-button stroke: press at the first pixel, drag along the rest, release at the last.
-void stroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path) {
+// One left-button stroke: press at the first pixel, drag along the rest, release at the last. With a
+// frame name, the picture is taken halfway through the drag, showing the stroke under way.
+void stroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path, const std::string& frame = "") {
     steps.push_back(Press{from, MouseButton::kLeft, {}});
-    steps.push_back(Drag{path, MouseButton::kLeft, {}});
+    if (frame.empty()) {
+        steps.push_back(Drag{path, MouseButton::kLeft, {}});
+    } else {
+        const auto middle = path.begin() + static_cast<long>(path.size() / 2);
+        steps.push_back(Drag{{path.begin(), middle}, MouseButton::kLeft, {}});
+        steps.push_back(Frame{frame});
+        steps.push_back(Drag{{middle, path.end()}, MouseButton::kLeft, {}});
+    }
     steps.push_back(Release{path.back(), MouseButton::kLeft, {}});
 }
 
@@ -48,23 +56,19 @@ Session demoSession() {
     steps.push_back(SetOptionVar{"ky_lazyActive", 1});
     steps.push_back(SetOptionVar{"ky_lazyDistance", 1});
     steps.push_back(SetOptionVar{"ky_lazyStrength", 2});
-    stroke(steps, {450, 470}, wavyLine({450, 470}, {455, 190}, 60, 12.0));
-    steps.push_back(Frame{"freehand"});
+    stroke(steps, {450, 470}, wavyLine({450, 470}, {455, 190}, 60, 12.0), "freehand");
     steps.push_back(SetOptionVar{"ky_glue", 0});
     steps.push_back(SetOptionVar{"ky_lazyActive", 0});
 
     // A straight line beside it.
     figure(steps, 1);
-    stroke(steps, {505, 470}, straightLine({505, 470}, {510, 190}, 30));
-    steps.push_back(Frame{"line"});
+    stroke(steps, {505, 470}, straightLine({505, 470}, {510, 190}, 30), "line");
 
     // A rectangle and a circle.
     figure(steps, 2);
-    stroke(steps, {440, 420}, straightLine({440, 420}, {520, 360}, 20));
-    steps.push_back(Frame{"rectangle"});
+    stroke(steps, {440, 420}, straightLine({440, 420}, {520, 360}, 20), "rectangle");
     figure(steps, 3);
-    stroke(steps, {480, 280}, straightLine({480, 280}, {515, 250}, 20));
-    steps.push_back(Frame{"circle"});
+    stroke(steps, {480, 280}, straightLine({480, 280}, {515, 250}, 20), "circle");
     figure(steps, 0);
 
     // The pointer resting over the limb shows the cursor feedback; ESC clears the strokes.
