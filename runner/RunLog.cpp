@@ -26,7 +26,7 @@ private:
     std::streambuf* second_;
 };
 
-RunLog::RunLog() {
+RunLog::RunLog(bool echo) {
     listener_ = mhost::driver::addMessageListener([this](const mhost::driver::Message& message) {
         using Kind = mhost::driver::Message::Kind;
         if (message.kind == Kind::kError) ++errors_;
@@ -37,8 +37,12 @@ RunLog::RunLog() {
         note(std::string(kind) + ": " + message.text);
     });
     originalError_ = std::cerr.rdbuf();
-    tee_ = std::make_unique<TeeBuffer>(originalError_, captured_.rdbuf());
-    std::cerr.rdbuf(tee_.get());
+    if (echo) {
+        tee_ = std::make_unique<TeeBuffer>(originalError_, captured_.rdbuf());
+        std::cerr.rdbuf(tee_.get());
+    } else {
+        std::cerr.rdbuf(captured_.rdbuf());
+    }
 }
 
 RunLog::~RunLog() {

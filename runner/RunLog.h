@@ -13,8 +13,9 @@ namespace kystrake {
 
 class RunLog {
 public:
-    // Starts listening to the host's messages and copying the standard error stream.
-    RunLog();
+    // Starts listening to the host's messages and capturing the standard error stream; with `echo`
+    // what is captured is also written through to the terminal.
+    explicit RunLog(bool echo);
     // Stops listening and gives the standard error stream back.
     ~RunLog();
     RunLog(const RunLog&) = delete;

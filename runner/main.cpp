@@ -18,10 +18,10 @@ namespace {
 
 using namespace kystrake;
 
-int runSession(const Session& session, const std::string& outDir, const std::string& pluginPath) {
+int runSession(const Session& session, const std::string& outDir, const std::string& pluginPath, bool verbose) {
     std::filesystem::create_directories(outDir);
     const PolygonMesh source = loadSourceMesh(session.source);
-    RunLog log;
+    RunLog log(verbose);
     const SceneNames scene = setUpScene(session, source, pluginPath);
     const PlaybackResult result = playSession(session, scene, outDir, log);
     const std::string meshPath = outDir + "/retopo.obj";
@@ -45,6 +45,8 @@ int main(int argc, char** argv) {
     CLI::App app{"kystrake: replay kyStrake retopology sessions on the headless Maya host"};
     app.require_subcommand(1);
     std::string outDir = "kystrake-out", pluginPath = KY_PLUGIN_MODULE_PATH, sessionPath, sourcePath;
+    bool verbose = false;
+    app.add_flag("-v,--verbose", verbose, "also show the host's and the plug-in's error lines as they happen");
 
     CLI::App* run = app.add_subcommand("run", "replay a session file");
     run->add_option("session", sessionPath, "session JSON file")->required();
@@ -60,7 +62,7 @@ int main(int argc, char** argv) {
     try {
         Session session = *run ? loadSession(sessionPath) : demoSession();
         if (!sourcePath.empty()) session.source.objPath = sourcePath;
-        return runSession(session, outDir, pluginPath);
+        return runSession(session, outDir, pluginPath, verbose);
     } catch (const SessionError& error) {
         std::cerr << "kystrake: " << error.what() << "\n";
         return 2;
