@@ -85,7 +85,9 @@ Step key(const json& value, const Where& where) {
 
 Step optionVar(const json& value, const Where& where) {
     if (!value.is_object() || value.size() != 1) where.fail("optionVar", "must be one {\"name\": value} pair");
-    const auto& [name, v] = *value.items().begin();
+    const auto entry = value.begin();
+    const std::string name = entry.key();
+    const json& v = entry.value();
     if (v.is_number_integer()) return SetOptionVar{name, v.get<int>()};
     if (v.is_number()) return SetOptionVar{name, v.get<double>()};
     if (v.is_string()) return SetOptionVar{name, v.get<std::string>()};

@@ -86,9 +86,7 @@ TEST_F(MeshHelpers, VerticesOfFacesPreferTheStoredNewFaces) {
     EXPECT_EQ(elementsOf(verticesOfFaces(grid_, ints({0}))), Ids({5, 6, 13, 12}));
 }
 
-// Waits on the host: its mesh shape does not yet take an empty point array on "pnts" as "drop
-// every tweak".
-TEST_F(MeshHelpers, DISABLED_ClearingTweaksDropsVertexOffsets) {
+TEST_F(MeshHelpers, ClearingTweaksDropsVertexOffsets) {
     ASSERT_TRUE(mhost::driver::runCommand("setAttr " + std::string(grid_.partialPathName().asChar()) +
                                           ".pnts[9] 0 3 0"));
     ASSERT_EQ(getMeshPositions()[9], MPoint(2, 3, 1));
