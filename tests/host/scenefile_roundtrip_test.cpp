@@ -69,7 +69,9 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(registerNode("vault", kVaultId, VaultNode::creator, VaultNode::initialize));
         driver::resetScene();
-        path_ = ::testing::TempDir() + "scenefile_roundtrip_test.json";
+        // CTest runs tests in parallel processes: each gets a file of its own.
+        path_ = ::testing::TempDir() + "scenefile_" +
+                ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".json";
     }
     void TearDown() override {
         std::remove(path_.c_str());
