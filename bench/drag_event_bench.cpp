@@ -36,7 +36,8 @@ const PolygonMesh& sourceMesh() {
 const std::vector<Pixel>& strokePixels() {
     static const std::vector<Pixel> pixels = [] {
         std::vector<Pixel> path;
-        for (int i = 0; i < kStrokePoints; ++i) path.push_back({440 + 80 * i / kStrokePoints, 150 + 350 * i / kStrokePoints});
+        for (int i = 0; i < kStrokePoints; ++i)
+            path.push_back({440 + 80 * i / kStrokePoints, 150 + 350 * i / kStrokePoints});
         return path;
     }();
     return pixels;
@@ -58,7 +59,8 @@ void hostDragEvent(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         driver::press(pixels[0][0], pixels[0][1], driver::MouseButton::kLeft);
-        for (int i = 1; i + 1 < kStrokePoints; ++i) driver::drag(pixels[i][0], pixels[i][1], driver::MouseButton::kLeft);
+        for (int i = 1; i + 1 < kStrokePoints; ++i)
+            driver::drag(pixels[i][0], pixels[i][1], driver::MouseButton::kLeft);
         state.ResumeTiming();
         driver::drag(pixels.back()[0], pixels.back()[1], driver::MouseButton::kLeft);
         state.PauseTiming();
@@ -90,8 +92,9 @@ RawScene& rawScene() {
                 for (int c : {0, k, k + 1}) triangles.push_back(mesh.polygonConnects[corner + c]);
             corner += count;
         }
-        auto* indices = static_cast<unsigned*>(rtcSetNewGeometryBuffer(
-            geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3, 3 * sizeof(unsigned), triangles.size() / 3));
+        auto* indices = static_cast<unsigned*>(rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0,
+                                                                       RTC_FORMAT_UINT3, 3 * sizeof(unsigned),
+                                                                       triangles.size() / 3));
         std::copy(triangles.begin(), triangles.end(), indices);
         rtcCommitGeometry(geometry);
         rtcAttachGeometry(r.scene, geometry);
@@ -119,7 +122,8 @@ void rawEmbreeRays(benchmark::State& state) {
         for (const auto& [source, direction] : rays) {
             RTCRayHit hit{};
             hit.ray.org_x = float(source.x), hit.ray.org_y = float(source.y), hit.ray.org_z = float(source.z);
-            hit.ray.dir_x = float(direction.x), hit.ray.dir_y = float(direction.y), hit.ray.dir_z = float(direction.z);
+            hit.ray.dir_x = float(direction.x), hit.ray.dir_y = float(direction.y),
+            hit.ray.dir_z = float(direction.z);
             hit.ray.tfar = 10000.0f;
             hit.ray.mask = ~0u;
             hit.hit.geomID = RTC_INVALID_GEOMETRY_ID;

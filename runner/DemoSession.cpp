@@ -21,7 +21,8 @@ std::vector<Pixel> straightLine(Pixel from, Pixel to, int points) { return wavyL
 
 // One left-button stroke: press at the first pixel, drag along the rest, release at the last. With a
 // frame name, the picture is taken halfway through the drag, showing the stroke under way.
-void stroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path, const std::string& frame = "") {
+void stroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path,
+            const std::string& frame = "") {
     steps.push_back(Press{from, MouseButton::kLeft, {}});
     if (frame.empty()) {
         steps.push_back(Drag{path, MouseButton::kLeft, {}});

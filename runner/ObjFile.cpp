@@ -12,7 +12,8 @@ PolygonMesh readObj(const std::string& path) {
     config.triangulate = false;  // keep quads: the tool works on whatever polygons the file has
     tinyobj::ObjReader reader;
     if (!reader.ParseFromFile(path, config))
-        throw ObjError("cannot read \"" + path + "\": " + (reader.Error().empty() ? "no such file" : reader.Error()));
+        throw ObjError("cannot read \"" + path +
+                       "\": " + (reader.Error().empty() ? "no such file" : reader.Error()));
     PolygonMesh mesh;
     const auto& positions = reader.GetAttrib().vertices;
     for (size_t i = 0; i + 2 < positions.size(); i += 3)

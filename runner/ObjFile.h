@@ -11,8 +11,8 @@ namespace kystrake {
 
 struct PolygonMesh {
     std::vector<std::array<double, 3>> points;
-    std::vector<int> polygonCounts;   // corners per polygon
-    std::vector<int> polygonConnects; // vertex ids, polygon after polygon
+    std::vector<int> polygonCounts;    // corners per polygon
+    std::vector<int> polygonConnects;  // vertex ids, polygon after polygon
 };
 
 class ObjError : public std::runtime_error {

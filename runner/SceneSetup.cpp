@@ -33,7 +33,8 @@ std::string createSourceMesh(const PolygonMesh& source) {
     for (int v : source.polygonConnects) connects.append(v);
     MFnMesh mesh;
     MStatus status;
-    MObject transform = mesh.create(points.length(), counts.length(), points, counts, connects, MObject::kNullObj, &status);
+    MObject transform =
+        mesh.create(points.length(), counts.length(), points, counts, connects, MObject::kNullObj, &status);
     require(status, "creating the source mesh", "the polygons are not a valid mesh");
     MFnDependencyNode(transform).setName("sourceMesh");
     return mesh.name().asChar();

@@ -9,8 +9,8 @@ namespace {
 
 using nlohmann::json;
 
-const char* const kActions[] = {"press", "drag", "release", "move", "key", "command", "optionVar",
-                                "select", "undo", "redo", "frame", "camera"};
+const char* const kActions[] = {"press",     "drag",   "release", "move", "key",   "command",
+                                "optionVar", "select", "undo",    "redo", "frame", "camera"};
 
 // Names the place of a problem: "step 3 (press)" or a top-level field.
 class Where {
@@ -61,12 +61,16 @@ MouseButton button(const json& step, const Where& where) {
     where.fail("button", "must be \"left\" or \"middle\"");
 }
 
-Modifiers modifiers(const json& step, const Where& where) { return {flag(step, "shift", where), flag(step, "ctrl", where)}; }
+Modifiers modifiers(const json& step, const Where& where) {
+    return {flag(step, "shift", where), flag(step, "ctrl", where)};
+}
 
 CameraPlacement camera(const json& value, const Where& where, const std::string& field) {
     if (!value.is_object()) where.fail(field, "must be an object with \"eye\" and \"target\"");
-    if (!value.contains("eye") || !value.contains("target")) where.fail(field, "needs \"eye\" and \"target\"");
-    CameraPlacement placement{vec3(value["eye"], where, field + ".eye"), vec3(value["target"], where, field + ".target")};
+    if (!value.contains("eye") || !value.contains("target"))
+        where.fail(field, "needs \"eye\" and \"target\"");
+    CameraPlacement placement{vec3(value["eye"], where, field + ".eye"),
+                              vec3(value["target"], where, field + ".target")};
     if (value.contains("fov")) {
         if (!value["fov"].is_number() || value["fov"].get<double>() <= 1 || value["fov"].get<double>() >= 179)
             where.fail(field + ".fov", "must be an angle in degrees between 1 and 179");
@@ -84,7 +88,8 @@ Step key(const json& value, const Where& where) {
 }
 
 Step optionVar(const json& value, const Where& where) {
-    if (!value.is_object() || value.size() != 1) where.fail("optionVar", "must be one {\"name\": value} pair");
+    if (!value.is_object() || value.size() != 1)
+        where.fail("optionVar", "must be one {\"name\": value} pair");
     const auto entry = value.begin();
     const std::string name = entry.key();
     const json& v = entry.value();
@@ -97,16 +102,19 @@ Step optionVar(const json& value, const Where& where) {
 
 Step select(const json& value, const Where& where) {
     Select step;
-    if (value.is_string()) step.names.push_back(value.get<std::string>());
+    if (value.is_string())
+        step.names.push_back(value.get<std::string>());
     else if (value.is_array())
         for (const auto& name : value) step.names.push_back(text(name, where, "select"));
-    else where.fail("select", "must be a name or a list of names");
+    else
+        where.fail("select", "must be a name or a list of names");
     return step;
 }
 
 Step drag(const json& step, const Where& where) {
     const json& path = step["drag"];
-    if (!path.is_array() || path.empty()) where.fail("drag", "must be a non-empty list of pixels [[x, y], ...]");
+    if (!path.is_array() || path.empty())
+        where.fail("drag", "must be a non-empty list of pixels [[x, y], ...]");
     Drag drag{{}, button(step, where), modifiers(step, where)};
     for (const auto& p : path) drag.path.push_back(pixel(p, where, "drag"));
     return drag;
@@ -139,9 +147,11 @@ Step parseStep(const json& step, size_t index) {
     const std::string action = actionOf(step, place);
     const Where where(place + " (" + action + ")");
     const json& value = step[action];
-    if (action == "press") return Press{pixel(value, where, action), button(step, where), modifiers(step, where)};
+    if (action == "press")
+        return Press{pixel(value, where, action), button(step, where), modifiers(step, where)};
     if (action == "drag") return drag(step, where);
-    if (action == "release") return Release{pixel(value, where, action), button(step, where), modifiers(step, where)};
+    if (action == "release")
+        return Release{pixel(value, where, action), button(step, where), modifiers(step, where)};
     if (action == "move") return PointerMove{pixel(value, where, action)};
     if (action == "key") return key(value, where);
     if (action == "command") return Command{text(value, where, action)};
@@ -190,7 +200,8 @@ Session parseSession(const std::string& jsonText) {
         if (!view.is_object()) where.fail("view", "must be {\"width\": w, \"height\": h}");
         if (view.contains("width")) session.viewWidth = wholeNumber(view["width"], where, "view.width");
         if (view.contains("height")) session.viewHeight = wholeNumber(view["height"], where, "view.height");
-        if (session.viewWidth < 16 || session.viewHeight < 16 || session.viewWidth > 8192 || session.viewHeight > 8192)
+        if (session.viewWidth < 16 || session.viewHeight < 16 || session.viewWidth > 8192 ||
+            session.viewHeight > 8192)
             where.fail("view", "must be between 16 and 8192 pixels on each side");
     }
     if (document.contains("camera")) session.camera = camera(document["camera"], where, "camera");

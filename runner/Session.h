@@ -24,21 +24,54 @@ struct Modifiers {
 
 // Mouse gestures in view pixels, origin at the bottom left as in Maya. A drag is a polyline whose
 // points are sent as successive drag events.
-struct Press { Pixel at; MouseButton button; Modifiers modifiers; };
-struct Drag { std::vector<Pixel> path; MouseButton button; Modifiers modifiers; };
-struct Release { Pixel at; MouseButton button; Modifiers modifiers; };
-struct PointerMove { Pixel at; };
+struct Press {
+    Pixel at;
+    MouseButton button;
+    Modifiers modifiers;
+};
+struct Drag {
+    std::vector<Pixel> path;
+    MouseButton button;
+    Modifiers modifiers;
+};
+struct Release {
+    Pixel at;
+    MouseButton button;
+    Modifiers modifiers;
+};
+struct PointerMove {
+    Pixel at;
+};
 // ENTER, ESC and BACKSPACE, which reach the tool as complete, abort and delete actions.
-struct Key { enum class Name { kEnter, kEscape, kBackspace } name; };
+struct Key {
+    enum class Name { kEnter, kEscape, kBackspace } name;
+};
 // Script text run through the host's command language (context command edits, selection, ...).
-struct Command { std::string text; };
-struct SetOptionVar { std::string name; std::variant<int, double, std::string> value; };
-struct Select { std::vector<std::string> names; };
-struct Undo { int times = 1; };
-struct Redo { int times = 1; };
+struct Command {
+    std::string text;
+};
+struct SetOptionVar {
+    std::string name;
+    std::variant<int, double, std::string> value;
+};
+struct Select {
+    std::vector<std::string> names;
+};
+struct Undo {
+    int times = 1;
+};
+struct Redo {
+    int times = 1;
+};
 // Captures the viewport as a picture named after the step (or `name`).
-struct Frame { std::string name; };
-struct CameraPlacement { Vec3 eye; Vec3 target; double fieldOfViewDegrees = 45.0; };
+struct Frame {
+    std::string name;
+};
+struct CameraPlacement {
+    Vec3 eye;
+    Vec3 target;
+    double fieldOfViewDegrees = 45.0;
+};
 
 using Step = std::variant<Press, Drag, Release, PointerMove, Key, Command, SetOptionVar, Select, Undo, Redo,
                           Frame, CameraPlacement>;

@@ -46,7 +46,8 @@ public:
     }
     MStatus operator()(const PointerMove& s) { return driver::movePointer(s.at[0], s.at[1]); }
     MStatus operator()(const Key& s) {
-        static const driver::Key keys[] = {driver::Key::kEnter, driver::Key::kEscape, driver::Key::kBackspace};
+        static const driver::Key keys[] = {driver::Key::kEnter, driver::Key::kEscape,
+                                           driver::Key::kBackspace};
         return driver::sendKey(keys[static_cast<int>(s.name)]);
     }
     MStatus operator()(const Command& s) { return driver::runCommand(s.text); }
@@ -62,7 +63,8 @@ public:
     MStatus operator()(const Undo& s) { return repeat(s.times, driver::undo); }
     MStatus operator()(const Redo& s) { return repeat(s.times, driver::redo); }
     MStatus operator()(const CameraPlacement& s) {
-        return driver::placeCamera(MPoint(s.eye[0], s.eye[1], s.eye[2]), MPoint(s.target[0], s.target[1], s.target[2]));
+        return driver::placeCamera(MPoint(s.eye[0], s.eye[1], s.eye[2]),
+                                   MPoint(s.target[0], s.target[1], s.target[2]));
     }
     MStatus operator()(const Frame& s) {
         std::string error;
@@ -76,8 +78,12 @@ public:
     }
 
 private:
-    static void setOption(const std::string& name, int value) { MGlobal::setOptionVarValue(name.c_str(), value); }
-    static void setOption(const std::string& name, double value) { MGlobal::setOptionVarValue(name.c_str(), value); }
+    static void setOption(const std::string& name, int value) {
+        MGlobal::setOptionVarValue(name.c_str(), value);
+    }
+    static void setOption(const std::string& name, double value) {
+        MGlobal::setOptionVarValue(name.c_str(), value);
+    }
     static void setOption(const std::string& name, const std::string& value) {
         MGlobal::setOptionVarValue(name.c_str(), MString(value.c_str()));
     }
@@ -93,8 +99,8 @@ private:
 };
 
 const char* stepName(const Step& step) {
-    static const char* const names[] = {"press", "drag", "release", "move", "key", "command", "optionVar",
-                                        "select", "undo", "redo", "frame", "camera"};
+    static const char* const names[] = {"press",     "drag",   "release", "move", "key",   "command",
+                                        "optionVar", "select", "undo",    "redo", "frame", "camera"};
     return names[step.index()];
 }
 
@@ -102,7 +108,8 @@ MDagPath retopoMeshPath(const SceneNames& scene) {
     MSelectionList active;
     MGlobal::getActiveSelectionList(active);
     MDagPath path;
-    if (active.length() && active.getDagPath(0, path) && path.extendToShape() && path.hasFn(MFn::kMesh)) return path;
+    if (active.length() && active.getDagPath(0, path) && path.extendToShape() && path.hasFn(MFn::kMesh))
+        return path;
     for (MItDag it(MItDag::kDepthFirst, MFn::kMesh); !it.isDone(); it.next()) {
         it.getPath(path);
         MFnMesh mesh(path);
@@ -113,7 +120,8 @@ MDagPath retopoMeshPath(const SceneNames& scene) {
 
 }  // namespace
 
-PlaybackResult playSession(const Session& session, const SceneNames&, const std::string& outDir, RunLog& log) {
+PlaybackResult playSession(const Session& session, const SceneNames&, const std::string& outDir,
+                           RunLog& log) {
     PlaybackResult result;
     log.checkTextChannels();
     for (size_t i = 0; i < session.steps.size(); ++i) {
@@ -138,7 +146,8 @@ bool writeRetopoMesh(const SceneNames& scene, const std::string& path) {
     MPointArray points;
     mesh.getPoints(points, MSpace::kWorld);
     PolygonMesh out;
-    for (unsigned int i = 0; i < points.length(); ++i) out.points.push_back({points[i].x, points[i].y, points[i].z});
+    for (unsigned int i = 0; i < points.length(); ++i)
+        out.points.push_back({points[i].x, points[i].y, points[i].z});
     MIntArray counts, connects;
     mesh.getVertices(counts, connects);
     for (unsigned int i = 0; i < counts.length(); ++i) out.polygonCounts.push_back(counts[i]);

@@ -13,7 +13,7 @@ namespace kystrake {
 
 struct PlaybackResult {
     int stepsRun = 0;
-    int stepsFailed = 0;  // steps whose host call reported a failure (the run goes on)
+    int stepsFailed = 0;              // steps whose host call reported a failure (the run goes on)
     std::vector<std::string> frames;  // paths of the pictures written
 };
 

@@ -2,7 +2,6 @@
 // mesh, pictures of the viewport and a log of the tool's texts and errors.
 
 #include <CLI/CLI.hpp>
-
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -18,7 +17,8 @@ namespace {
 
 using namespace kystrake;
 
-int runSession(const Session& session, const std::string& outDir, const std::string& pluginPath, bool verbose) {
+int runSession(const Session& session, const std::string& outDir, const std::string& pluginPath,
+               bool verbose) {
     std::filesystem::create_directories(outDir);
     const PolygonMesh source = loadSourceMesh(session.source);
     RunLog log(verbose);
@@ -46,7 +46,8 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     std::string outDir = "kystrake-out", pluginPath = KY_PLUGIN_MODULE_PATH, sessionPath, sourcePath;
     bool verbose = false;
-    app.add_flag("-v,--verbose", verbose, "also show the host's and the plug-in's error lines as they happen");
+    app.add_flag("-v,--verbose", verbose,
+                 "also show the host's and the plug-in's error lines as they happen");
 
     CLI::App* run = app.add_subcommand("run", "replay a session file");
     run->add_option("session", sessionPath, "session JSON file")->required();

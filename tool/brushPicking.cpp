@@ -118,7 +118,8 @@ MObject kyStrakeContext::pickVerticesAroundSource(double radius, const MDagPath&
             const int id = vertices.index();
             if (guard.skips(id)) continue;
             const MPoint position = vertices.position(MSpace::kWorld);
-            if (!(radiusSquared > squaredDistance(position, brushCenter))) continue;  // the rim does not count
+            if (!(radiusSquared > squaredDistance(position, brushCenter)))
+                continue;  // the rim does not count
             MVector vertexNormal;
             vertices.getNormal(vertexNormal, MSpace::kWorld);
             normal = vertexNormal;
@@ -127,7 +128,8 @@ MObject kyStrakeContext::pickVerticesAroundSource(double radius, const MDagPath&
             picked.addElement(id);
         }
     }
-    KY_REPORT_FAILURE(setPoint3Attr("interPoint", findStrakeLocator(), brushCenter.x, brushCenter.y, brushCenter.z));
+    KY_REPORT_FAILURE(
+        setPoint3Attr("interPoint", findStrakeLocator(), brushCenter.x, brushCenter.y, brushCenter.z));
     return component;
 }
 
@@ -160,7 +162,8 @@ MObject kyStrakeContext::pickWeightedAround(double radius, const MDagPath& retop
         // A parabolic falloff: 1 at the centre, 0 at the rim.
         moveWeights.push_back(1.0 - distanceSquared / radiusSquared);
     }
-    KY_REPORT_FAILURE(setVector3Attr("interNormal", findStrakeLocator(), faceNormal.x, faceNormal.y, faceNormal.z));
+    KY_REPORT_FAILURE(
+        setVector3Attr("interNormal", findStrakeLocator(), faceNormal.x, faceNormal.y, faceNormal.z));
     return component;
 }
 
@@ -188,6 +191,7 @@ MObject kyStrakeContext::pickWeightedAroundSource(double radius, const MDagPath&
             moveAnchors.append(position);
         }
     }
-    KY_REPORT_FAILURE(setVector3Attr("interNormal", findStrakeLocator(), lastNormal.x, lastNormal.y, lastNormal.z));
+    KY_REPORT_FAILURE(
+        setVector3Attr("interNormal", findStrakeLocator(), lastNormal.x, lastNormal.y, lastNormal.z));
     return component;
 }

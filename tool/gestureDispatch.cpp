@@ -179,7 +179,8 @@ MStatus kyStrakeContext::drawFeedback(MHWRender::MUIDrawManager&, const MHWRende
     // While the camera moves the locator is dirtied on every frame, so that its drawing follows.
     if (MHWRender::MFrameContext::userChangingViewContext()) {
         const MObject locator = findStrakeLocator();
-        if (!locator.isNull()) KY_REPORT_FAILURE(MGlobal::executeCommand("dgdirty " + MFnDependencyNode(locator).name()));
+        if (!locator.isNull())
+            KY_REPORT_FAILURE(MGlobal::executeCommand("dgdirty " + MFnDependencyNode(locator).name()));
     }
     return MS::kSuccess;
 }

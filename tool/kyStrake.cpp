@@ -151,7 +151,8 @@ MStatus kyStrakeContext::rebuildAccelerators() {
 
 void kyStrakeContext::historyHint() {
     MString status = activatedText;
-    if (countHistoryNodes() > kHistoryHintThreshold) status += "You may delete the history for a faster computation";
+    if (countHistoryNodes() > kHistoryHintThreshold)
+        status += "You may delete the history for a faster computation";
     setInfoLines(helpStart, status);
 }
 

@@ -11,8 +11,8 @@
 #include <maya/M3dView.h>
 #include <maya/MDagPath.h>
 #include <maya/MEvent.h>
-#include <maya/MFrameContext.h>
 #include <maya/MFnMesh.h>
+#include <maya/MFrameContext.h>
 #include <maya/MIntArray.h>
 #include <maya/MItMeshPolygon.h>
 #include <maya/MMatrix.h>
@@ -153,7 +153,8 @@ public:
     // The patch preview: the stroke against the row, with the band of quads between them.
     MStatus drawStrokeGuide(MHWRender::MUIDrawManager& drawManager, const MPointArray& points);
     // The stroke under way with its spinning cursor at `point` and `text` in the view's corner.
-    MStatus drawStrokeCursor(MHWRender::MUIDrawManager& drawManager, const MPoint& point, const MString& text);
+    MStatus drawStrokeCursor(MHWRender::MUIDrawManager& drawManager, const MPoint& point,
+                             const MString& text);
     // Marks the glued vertex under the pointer.
     void drawGlueMarker(MHWRender::MUIDrawManager& drawManager);
     // Appends the finished stroke to the locator when the source is a valid mesh and the stroke
@@ -291,7 +292,7 @@ public:
     MIntArray anchorEdges;
     MIntArray oppositeEdges;
     MIntArray oppositeVertices;
-    MIntArray oppositeVerticesAlt;  // non-empty for a merge, empty for a bridge
+    MIntArray oppositeVerticesAlt;    // non-empty for a merge, empty for a bridge
     MeshSnapshot meshBeforeSnapshot;  // staging slot "redo"
     MeshSnapshot meshAfterSnapshot;   // staging slot "undo"
     MIntArray playersBefore, row1Before, row2Before, row3Before;

@@ -40,9 +40,10 @@ constexpr RayFamily kReproject{false, 100.0f, true, 0.01f};
 bool castRay(MFnMesh& mesh, const MFloatPoint& source, const MFloatVector& direction, const RayFamily& family,
              MMeshIsectAccelParams& accelParams, MFloatPointArray& hits, MIntArray* faces) {
     MStatus status;
-    const bool found = mesh.allIntersections(source, direction, nullptr, nullptr, family.idsSorted, MSpace::kWorld,
-                                             family.maxParam, family.testBothDirections, &accelParams, true, hits,
-                                             nullptr, faces, nullptr, nullptr, nullptr, family.tolerance, &status);
+    const bool found =
+        mesh.allIntersections(source, direction, nullptr, nullptr, family.idsSorted, MSpace::kWorld,
+                              family.maxParam, family.testBothDirections, &accelParams, true, hits, nullptr,
+                              faces, nullptr, nullptr, nullptr, family.tolerance, &status);
     return found && status && hits.length() > 0;
 }
 
@@ -75,7 +76,8 @@ bool kyStrakeContext::sourceHitAt(short x, short y, MPoint& hit) {
     MVector direction;
     if (!view.viewToWorld(x, y, nearPoint, direction)) return false;
     MFloatPointArray hits;
-    if (!castRay(mesh, MFloatPoint(nearPoint), MFloatVector(direction), kSourceHit, accelParams, hits, nullptr))
+    if (!castRay(mesh, MFloatPoint(nearPoint), MFloatVector(direction), kSourceHit, accelParams, hits,
+                 nullptr))
         return false;
     hit = MPoint(hits[0]);
     return true;
@@ -94,7 +96,8 @@ void kyStrakeContext::hoverPick(MEvent& event, const MHWRender::MFrameContext&, 
     if (!intersectSurface(mesh, hits, normal, view, accelParams, currentX, currentY, faces, false)) return;
     if (hits.length() == 0) return;
     const MPoint hit(hits[0]);
-    if (writeAttribute) KY_REPORT_FAILURE(setPoint3Attr("interPoint", findStrakeLocator(), hit.x, hit.y, hit.z));
+    if (writeAttribute)
+        KY_REPORT_FAILURE(setPoint3Attr("interPoint", findStrakeLocator(), hit.x, hit.y, hit.z));
     if (glue && faces.length() > 0) currentHit = nearestFaceVertex(faces[0], hit);
 }
 
@@ -139,11 +142,13 @@ MPoint kyStrakeContext::pickFrontBack(const MPoint& screenPoint) {
     if (!status) return result;
     MPoint nearPoint;
     MVector direction;
-    if (!view.viewToWorld(static_cast<short>(screenPoint.x), static_cast<short>(screenPoint.y), nearPoint, direction))
+    if (!view.viewToWorld(static_cast<short>(screenPoint.x), static_cast<short>(screenPoint.y), nearPoint,
+                          direction))
         return result;
     MFloatPointArray hits;
     MIntArray faces;
-    if (!castRay(mesh, MFloatPoint(nearPoint), MFloatVector(direction), kFrontBack, accelParams, hits, &faces))
+    if (!castRay(mesh, MFloatPoint(nearPoint), MFloatVector(direction), kFrontBack, accelParams, hits,
+                 &faces))
         return result;
 
     const MPoint eye(cameraEyePoint());
@@ -179,8 +184,8 @@ void kyStrakeContext::reprojectStroke(MPointArray& points) {
     for (unsigned i = 0; i < points.length(); ++i) {
         const MPoint& point = points[i];
         MFloatPointArray hits;
-        if (!haveMesh ||
-            !castRay(mesh, MFloatPoint(point), MFloatVector(point - eye), kReproject, accelParams, hits, nullptr))
+        if (!haveMesh || !castRay(mesh, MFloatPoint(point), MFloatVector(point - eye), kReproject,
+                                  accelParams, hits, nullptr))
             continue;  // a point with no hit leaves the stroke
         // The end of the sorted list, not its start, so that a thin surface's far side never wins
         // just by lying first along the ray.

@@ -35,26 +35,26 @@ MPointArray kyStrakeContext::captureStrokePoint(const MPoint& hit, MEvent& event
     const MPoint point = getGlue() ? currentHit : hit;
     if (!isMiss(pressPoint)) {
         switch (figure) {
-        case 0:
-            // No minimum spacing: every event on the surface adds a point, repeats included.
-            strokePoints.append(point);
-            lazySmooth();
-            break;
-        case 1: {
-            MPointArray ends;
-            ends.append(pressPoint);
-            ends.append(point);
-            strokePoints = subdivideByDensity(ends, kLineDensity);
-            break;
-        }
-        case 2:
-            strokePoints = figureRectangle(point);
-            break;
-        case 3:
-            strokePoints = figureCircle(point);
-            break;
-        default:
-            break;
+            case 0:
+                // No minimum spacing: every event on the surface adds a point, repeats included.
+                strokePoints.append(point);
+                lazySmooth();
+                break;
+            case 1: {
+                MPointArray ends;
+                ends.append(pressPoint);
+                ends.append(point);
+                strokePoints = subdivideByDensity(ends, kLineDensity);
+                break;
+            }
+            case 2:
+                strokePoints = figureRectangle(point);
+                break;
+            case 3:
+                strokePoints = figureCircle(point);
+                break;
+            default:
+                break;
         }
         // The whole stroke, at every event, for every figure: it may shrink here.
         reprojectStroke(strokePoints);

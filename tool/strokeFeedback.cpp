@@ -41,8 +41,10 @@ MPointArray bandTriangles(const MPointArray& stroke, const MPointArray& row) {
 }
 
 // An arc of `radius` pixels around `center`, from the view's x axis through `sweep` radians.
-void spinArc(MHWRender::MUIDrawManager& drawManager, const MPoint& center, double radius, double sweep, bool filled) {
-    drawManager.arc2d(center, MVector(1.0, 0.0, 0.0), MVector(std::cos(sweep), std::sin(sweep), 0.0), radius, filled);
+void spinArc(MHWRender::MUIDrawManager& drawManager, const MPoint& center, double radius, double sweep,
+             bool filled) {
+    drawManager.arc2d(center, MVector(1.0, 0.0, 0.0), MVector(std::cos(sweep), std::sin(sweep), 0.0), radius,
+                      filled);
 }
 
 }  // namespace
@@ -73,7 +75,8 @@ MStatus kyStrakeContext::drawStrokeGuide(MHWRender::MUIDrawManager& drawManager,
     drawMarker(drawManager, pressPoint, kKeepColor, 4.0, true);
     drawMarker(drawManager, stroke[0], kKeepColor, 7.0, false);
     drawMarker(drawManager, stroke[strokeLast], kKeepColor, 7.0, false);
-    if (closed && !reverseFigure) drawManager.text2d(MPoint(currentX, currentY + 10), "Hold SHIFT to reverse");
+    if (closed && !reverseFigure)
+        drawManager.text2d(MPoint(currentX, currentY + 10), "Hold SHIFT to reverse");
 
     // The closer the stroke's span to the row's (on x and y), the stronger the preview.
     const double ratio = distance2(stroke[0], stroke[strokeLast]) / distance2(row[0], row[rowLast]);
@@ -103,7 +106,8 @@ MStatus kyStrakeContext::drawStrokeCursor(MHWRender::MUIDrawManager& drawManager
     spinPhase += 0.12;
     // The stroke's colour ripens as it gains points.
     const double s = std::min(std::max(strokePoints.length() / 20.0, 0.25), 12.0) + 0.8;
-    MColor color(static_cast<float>(s / 4.0), static_cast<float>(s / 4.0), static_cast<float>(s * s / 100.0), 1.0f);
+    MColor color(static_cast<float>(s / 4.0), static_cast<float>(s / 4.0), static_cast<float>(s * s / 100.0),
+                 1.0f);
     if (ctrlStroke)
         color = MColor(static_cast<float>(s * s / 4.0), static_cast<float>(s * s / 100.0),
                        static_cast<float>(s * s / 100.0), 1.0f);

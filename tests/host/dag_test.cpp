@@ -17,8 +17,9 @@ class Dag : public ::testing::Test {
 protected:
     void SetUp() override {
         driver::resetScene();
-        ASSERT_TRUE(driver::runCommand("createNode transform -n root; createNode transform -n arm -p root;"
-                                       "createNode transform -n hand -p arm"));
+        ASSERT_TRUE(
+            driver::runCommand("createNode transform -n root; createNode transform -n arm -p root;"
+                               "createNode transform -n hand -p arm"));
     }
     void TearDown() override { driver::resetScene(); }
 
@@ -44,7 +45,8 @@ TEST_F(Dag, PathsNameTheHierarchy) {
 }
 
 TEST_F(Dag, InclusiveMatrixComposesParentTransformsAsRowVectors) {
-    ASSERT_TRUE(driver::runCommand("setAttr root.translate 10 0 0; setAttr arm.scale 2 2 2; setAttr hand.translate 0 1 0"));
+    ASSERT_TRUE(driver::runCommand(
+        "setAttr root.translate 10 0 0; setAttr arm.scale 2 2 2; setAttr hand.translate 0 1 0"));
     MPoint world = MPoint(0, 0, 0) * pathTo("hand").inclusiveMatrix();
     EXPECT_TRUE(world.isEquivalent(MPoint(10, 2, 0))) << world.x << " " << world.y << " " << world.z;
     MPoint local = MPoint(1, 0, 0) * pathTo("hand").exclusiveMatrix();

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
+#include <maya/MDGModifier.h>
 #include <maya/MDataBlock.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MFnNumericAttribute.h>
 #include <maya/MFnPointArrayData.h>
 #include <maya/MFnTypedAttribute.h>
-#include <maya/MDGModifier.h>
 #include <maya/MPlugArray.h>
 #include <maya/MPointArray.h>
 #include <maya/MPxNode.h>
@@ -65,7 +65,9 @@ protected:
         EXPECT_TRUE(status);
         return node;
     }
-    MPlug plug(const MObject& node, const char* attribute) { return MFnDependencyNode(node).findPlug(attribute, false); }
+    MPlug plug(const MObject& node, const char* attribute) {
+        return MFnDependencyNode(node).findPlug(attribute, false);
+    }
 };
 
 TEST_F(GraphEvaluation, ComputesOnDemandAndCachesUntilAnInputChanges) {

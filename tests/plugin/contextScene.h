@@ -21,14 +21,19 @@
 
 #include "drawing/DisplayList.h"
 #include "drawing/HostFrameContext.h"
-#include "interaction/ContextState.h"
 #include "geometry/functions.h"
+#include "interaction/ContextState.h"
 #include "tests/plugin/geometryScene.h"
 #include "tool/kyStrake.h"
 
 namespace kytest {
 
-enum Modifier { kNoKey = 0, kShift = MEvent::shiftKey, kCtrl = MEvent::controlKey, kShiftCtrl = kShift | kCtrl };
+enum Modifier {
+    kNoKey = 0,
+    kShift = MEvent::shiftKey,
+    kCtrl = MEvent::controlKey,
+    kShiftCtrl = kShift | kCtrl
+};
 constexpr int kLeft = MEvent::kLeftMouse;
 // The entries of an id array, for comparing.
 inline std::vector<int> asVector(const MIntArray& array) {

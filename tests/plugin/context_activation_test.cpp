@@ -70,7 +70,8 @@ TEST_F(ContextActivation, MissingOrNonMeshSourceRefusesDragsButActivates) {
         if (patchSource) {
             // A dependency node's mesh output: it gives no DAG path to a mesh.
             makePatchNode("kyPatch1");
-            ASSERT_TRUE(mhost::driver::runCommand("connectAttr kyPatch1.outMesh kyStrakeShape1.kyStrakeMesh"));
+            ASSERT_TRUE(
+                mhost::driver::runCommand("connectAttr kyPatch1.outMesh kyStrakeShape1.kyStrakeMesh"));
         }
         auto context = makeContext();
         activate(*context);
@@ -135,7 +136,8 @@ TEST_F(ContextActivation, AcceleratorsOutliveCleanupWithTheirFirstMatrix) {
     deactivate(*context);
     MDagPath sourceTransform = source;
     sourceTransform.pop();
-    ASSERT_TRUE(mhost::driver::runCommand("setAttr " + std::string(sourceTransform.partialPathName().asChar()) + ".ty 3"));
+    ASSERT_TRUE(mhost::driver::runCommand("setAttr " +
+                                          std::string(sourceTransform.partialPathName().asChar()) + ".ty 3"));
     activate(*context);
     EXPECT_TRUE(context->intersector.isCreated());
     EXPECT_EQ(context->sourceMatrix, MMatrix::identity);  // not rebuilt: the source moved unnoticed

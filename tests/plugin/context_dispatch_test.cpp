@@ -40,7 +40,9 @@ TEST_F(ContextDispatch, EveryPressWipesThePerGestureState) {
     event.getPosition(x, y);
     EXPECT_EQ(context->pressX, x);
     EXPECT_EQ(context->lastX, x);
-    EXPECT_EQ(context->strokePoints.length() + context->strokePreview.length() + context->magnetVertices.length(), 0u);
+    EXPECT_EQ(
+        context->strokePoints.length() + context->strokePreview.length() + context->magnetVertices.length(),
+        0u);
     EXPECT_FALSE(context->ctrlStroke || context->shiftStroke || context->sliceStroke);
     EXPECT_EQ(context->pressPoint, MPoint::origin);
     EXPECT_EQ(context->spinPhase, 0.0);

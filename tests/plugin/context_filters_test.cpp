@@ -45,8 +45,9 @@ TEST(LazyFilter, TouchesOnlyTheLastWindowOfPoints) {
 }
 
 TEST(LazyFilter, DoesNothingWhileTheStrokeIsShorterThanItsWindowOrWithoutPasses) {
-    for (const auto& [count, window, passes] : {std::tuple{9, 10, 3}, std::tuple{2, 0, 1}, std::tuple{5, 0, 1}, std::tuple{5, -10, 1},
-                                               std::tuple{5, 5, 0}, std::tuple{5, 5, -1}}) {
+    for (const auto& [count, window, passes] :
+         {std::tuple{9, 10, 3}, std::tuple{2, 0, 1}, std::tuple{5, 0, 1}, std::tuple{5, -10, 1},
+          std::tuple{5, 5, 0}, std::tuple{5, 5, -1}}) {
         MPointArray points = zigzag(count);
         const MPointArray before = points;
         lazySmoothTail(points, window, passes);

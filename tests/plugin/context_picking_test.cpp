@@ -32,7 +32,8 @@ protected:
         MPointArray points;
         for (const auto& corner : corners) points.append(MPoint(corner[0], corner[1], corner[2]));
         MIntArray counts = idArray({4, 4, 4, 4, 4, 4}), connects;
-        for (int id : {0, 1, 5, 4, 3, 7, 6, 2, 0, 3, 2, 1, 4, 5, 6, 7, 0, 4, 7, 3, 1, 2, 6, 5}) connects.append(id);
+        for (int id : {0, 1, 5, 4, 3, 7, 6, 2, 0, 3, 2, 1, 4, 5, 6, 7, 0, 4, 7, 3, 1, 2, 6, 5})
+            connects.append(id);
         MFnMesh mesh;
         MObject transform = mesh.create(8, 6, points, counts, connects, MObject::kNullObj);
         MDagPath::getAPathTo(transform, source);
@@ -163,7 +164,7 @@ TEST_F(ContextPicking, MovePickWeighsByAParabolicFalloff) {
     EXPECT_EQ(context->moveHitState, 1);
     ASSERT_EQ(context->moveWeights.size(), 5u);
     ASSERT_EQ(context->moveAnchors.length(), 5u);
-    EXPECT_NEAR(context->moveWeights[2], 1.0, 0.01);  // vertex 5, under the pointer
+    EXPECT_NEAR(context->moveWeights[2], 1.0, 0.01);                      // vertex 5, under the pointer
     EXPECT_NEAR(context->moveWeights[0], 1.0 - 1.0 / (1.2 * 1.2), 0.06);  // a neighbour one unit away
     EXPECT_EQ(context->moveAnchors[0], MPoint(3, 0, 0));
 }

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "runner/Session.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -57,7 +57,8 @@ TEST(SessionParsing, ErrorsNameTheStepAndTheField) {
     EXPECT_EQ("step 1 (undo): field \"undo\" must be at least 1", errorOf(R"({"steps": [{"undo": 0}]})"));
     EXPECT_EQ("step 1: has both \"press\" and \"release\"",
               errorOf(R"({"steps": [{"press": [1, 2], "release": [1, 2]}]})"));
-    EXPECT_NE(std::string::npos, errorOf(R"({"steps": [{"jump": 1}]})").find("names no action; expected one of press"));
+    EXPECT_NE(std::string::npos,
+              errorOf(R"({"steps": [{"jump": 1}]})").find("names no action; expected one of press"));
     EXPECT_EQ("session: field \"steps\" must be a list of steps", errorOf(R"({"view": {}})"));
     EXPECT_EQ("session: field \"view\" must be between 16 and 8192 pixels on each side",
               errorOf(R"({"view": {"width": 2}, "steps": []})"));

@@ -32,17 +32,17 @@ private:
 
 // The members every function set declares: its type, destructor, class name, the empty constructor
 // and the two attaching constructors. Copying a function set is not allowed, as in Maya.
-#define MHOST_DECLARE_MFN(MFnClass)                                    \
-public:                                                                \
-    MFn::Type type() const override;                                   \
-    ~MFnClass() override;                                              \
-    static const char* className();                                    \
-    MFnClass() {}                                                      \
-    MFnClass(MObject& object, MStatus* ReturnStatus = NULL);           \
-    MFnClass(const MObject& object, MStatus* ReturnStatus = NULL);     \
-                                                                       \
-private:                                                               \
-    MFnClass(const MFnClass&);                                         \
-    MFnClass& operator=(const MFnClass&);                              \
-                                                                       \
+#define MHOST_DECLARE_MFN(MFnClass)                                \
+public:                                                            \
+    MFn::Type type() const override;                               \
+    ~MFnClass() override;                                          \
+    static const char* className();                                \
+    MFnClass() {}                                                  \
+    MFnClass(MObject& object, MStatus* ReturnStatus = NULL);       \
+    MFnClass(const MObject& object, MStatus* ReturnStatus = NULL); \
+                                                                   \
+private:                                                           \
+    MFnClass(const MFnClass&);                                     \
+    MFnClass& operator=(const MFnClass&);                          \
+                                                                   \
 public:

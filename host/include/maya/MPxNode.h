@@ -78,7 +78,8 @@ public:
     static MStatus addAttribute(const MObject& attr);
     // Declares that a change of `whenChanges` dirties `isAffected` (both of the type being initialised).
     static MStatus attributeAffects(const MObject& whenChanges, const MObject& isAffected);
-    static MStatus attributeAffects(const MObject& whenChanges, const MObject& isAffected, bool affectsTopology);
+    static MStatus attributeAffects(const MObject& whenChanges, const MObject& isAffected,
+                                    bool affectsTopology);
 
     static MObject message;
     static MObject isHistoricallyInteresting;

@@ -42,6 +42,13 @@ typedef float float2[2];
 // Space in which a geometric query or edit is expressed.
 class MSpace {
 public:
-    enum Space { kInvalid = 0, kTransform = 1, kPreTransform = 2, kPostTransform = 3, kWorld = 4,
-                 kObject = kPreTransform, kLast = 5 };
+    enum Space {
+        kInvalid = 0,
+        kTransform = 1,
+        kPreTransform = 2,
+        kPostTransform = 3,
+        kWorld = 4,
+        kObject = kPreTransform,
+        kLast = 5
+    };
 };

@@ -7,15 +7,24 @@ namespace {
 
 const char* codeName(MStatus::MStatusCode code) {
     switch (code) {
-        case MStatus::kSuccess: return "(kSuccess): No error";
-        case MStatus::kFailure: return "(kFailure): Unexpected Internal Failure";
-        case MStatus::kInsufficientMemory: return "(kInsufficientMemory): Insufficient memory";
-        case MStatus::kInvalidParameter: return "(kInvalidParameter): Invalid parameter";
-        case MStatus::kLicenseFailure: return "(kLicenseFailure): License failure";
-        case MStatus::kUnknownParameter: return "(kUnknownParameter): Unknown parameter";
-        case MStatus::kNotImplemented: return "(kNotImplemented): Not implemented";
-        case MStatus::kNotFound: return "(kNotFound): Not found";
-        case MStatus::kEndOfFile: return "(kEndOfFile): End of file";
+        case MStatus::kSuccess:
+            return "(kSuccess): No error";
+        case MStatus::kFailure:
+            return "(kFailure): Unexpected Internal Failure";
+        case MStatus::kInsufficientMemory:
+            return "(kInsufficientMemory): Insufficient memory";
+        case MStatus::kInvalidParameter:
+            return "(kInvalidParameter): Invalid parameter";
+        case MStatus::kLicenseFailure:
+            return "(kLicenseFailure): License failure";
+        case MStatus::kUnknownParameter:
+            return "(kUnknownParameter): Unknown parameter";
+        case MStatus::kNotImplemented:
+            return "(kNotImplemented): Not implemented";
+        case MStatus::kNotFound:
+            return "(kNotFound): Not found";
+        case MStatus::kEndOfFile:
+            return "(kEndOfFile): End of file";
     }
     return "(kFailure): Unexpected Internal Failure";
 }

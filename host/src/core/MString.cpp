@@ -45,31 +45,73 @@ MString::MString(const char* charString, int charLength)
 MString::MString(const MString& other) = default;
 MString::~MString() = default;
 
-MString& MString::operator+=(const MString& other) { fString += other.fString; return *this; }
-MString& MString::operator+=(const char* other) { if (other) fString += other; return *this; }
-MString& MString::operator+=(double other) { fString += formatNumber(other); return *this; }
-MString& MString::operator+=(int other) { fString += std::to_string(other); return *this; }
-MString& MString::operator+=(unsigned int other) { fString += std::to_string(other); return *this; }
-MString& MString::operator+=(float other) { fString += formatNumber(other); return *this; }
+MString& MString::operator+=(const MString& other) {
+    fString += other.fString;
+    return *this;
+}
+MString& MString::operator+=(const char* other) {
+    if (other) fString += other;
+    return *this;
+}
+MString& MString::operator+=(double other) {
+    fString += formatNumber(other);
+    return *this;
+}
+MString& MString::operator+=(int other) {
+    fString += std::to_string(other);
+    return *this;
+}
+MString& MString::operator+=(unsigned int other) {
+    fString += std::to_string(other);
+    return *this;
+}
+MString& MString::operator+=(float other) {
+    fString += formatNumber(other);
+    return *this;
+}
 MString& MString::operator=(const MString& other) = default;
-MString& MString::operator=(const char* other) { fString = other ? other : ""; return *this; }
-MString& MString::operator=(double value) { fString = formatNumber(value); return *this; }
+MString& MString::operator=(const char* other) {
+    fString = other ? other : "";
+    return *this;
+}
+MString& MString::operator=(double value) {
+    fString = formatNumber(value);
+    return *this;
+}
 
 bool MString::operator==(const MString& other) const { return fString == other.fString; }
 bool MString::operator==(const char* other) const { return fString == (other ? other : ""); }
 bool MString::operator!=(const MString& other) const { return !(*this == other); }
 bool MString::operator!=(const char* other) const { return !(*this == other); }
 
-MString MString::operator+(const MString& other) const { MString r(*this); r += other; return r; }
-MString MString::operator+(const char* other) const { MString r(*this); r += other; return r; }
-MString MString::operator+(double value) const { MString r(*this); r += value; return r; }
+MString MString::operator+(const MString& other) const {
+    MString r(*this);
+    r += other;
+    return r;
+}
+MString MString::operator+(const char* other) const {
+    MString r(*this);
+    r += other;
+    return r;
+}
+MString MString::operator+(double value) const {
+    MString r(*this);
+    r += value;
+    return r;
+}
 
-MStatus MString::set(const char* charString) { *this = charString; return MS::kSuccess; }
+MStatus MString::set(const char* charString) {
+    *this = charString;
+    return MS::kSuccess;
+}
 MStatus MString::set(const char* charString, int charLength) {
     *this = MString(charString, charLength);
     return MS::kSuccess;
 }
-MStatus MString::set(double value) { *this = value; return MS::kSuccess; }
+MStatus MString::set(double value) {
+    *this = value;
+    return MS::kSuccess;
+}
 MStatus MString::set(double value, int precision) {
     char buffer[64];
     std::snprintf(buffer, sizeof buffer, "%.*f", std::clamp(precision, 0, 30), value);
@@ -135,7 +177,9 @@ short MString::asShort() const { return static_cast<short>(asInt()); }
 bool MString::isInt() const { return isIntegerText(fString); }
 int MString::asInt() const { return static_cast<int>(std::strtol(fString.c_str(), nullptr, 10)); }
 bool MString::isUnsigned() const { return isInt() && asInt() >= 0; }
-unsigned int MString::asUnsigned() const { return static_cast<unsigned int>(std::strtoul(fString.c_str(), nullptr, 10)); }
+unsigned int MString::asUnsigned() const {
+    return static_cast<unsigned int>(std::strtoul(fString.c_str(), nullptr, 10));
+}
 bool MString::isFloat() const { return isRealText(fString); }
 float MString::asFloat() const { return std::strtof(fString.c_str(), nullptr); }
 bool MString::isDouble() const { return isRealText(fString); }
@@ -145,7 +189,8 @@ MStatus MString::substitute(const MString& src, const MString& target) {
     if (src.fString.empty()) return MS::kInvalidParameter;
     std::string result;
     size_t from = 0;
-    for (size_t at; (at = fString.find(src.fString, from)) != std::string::npos; from = at + src.fString.size())
+    for (size_t at; (at = fString.find(src.fString, from)) != std::string::npos;
+         from = at + src.fString.size())
         result += fString.substr(from, at - from) + target.fString;
     fString = result + fString.substr(from);
     return MS::kSuccess;
@@ -160,4 +205,6 @@ MStatus MString::substituteFirst(const MString& src, const MString& target) {
 
 std::ostream& operator<<(std::ostream& os, const MString& s) { return os << s.fString; }
 MString operator+(const char* left, const MString& right) { return MString(left) + right; }
-bool operator<(const MString& a, const MString& b) { return std::string(a.asChar()) < std::string(b.asChar()); }
+bool operator<(const MString& a, const MString& b) {
+    return std::string(a.asChar()) < std::string(b.asChar());
+}

@@ -17,11 +17,18 @@ MStringArray::MStringArray(const MString strings[], unsigned int count) : fItems
 MStringArray::MStringArray(const char* strings[], unsigned int count) {
     for (unsigned int i = 0; i < count; ++i) fItems.emplace_back(strings[i]);
 }
-MStringArray::MStringArray(unsigned int initialSize, const MString& initialValue) : fItems(initialSize, initialValue) {}
+MStringArray::MStringArray(unsigned int initialSize, const MString& initialValue)
+    : fItems(initialSize, initialValue) {}
 MStringArray::~MStringArray() = default;
 
-MString MStringArray::operator[](unsigned int index) const { checkIndex(index, fItems.size()); return fItems[index]; }
-MString& MStringArray::operator[](unsigned int index) { checkIndex(index, fItems.size()); return fItems[index]; }
+MString MStringArray::operator[](unsigned int index) const {
+    checkIndex(index, fItems.size());
+    return fItems[index];
+}
+MString& MStringArray::operator[](unsigned int index) {
+    checkIndex(index, fItems.size());
+    return fItems[index];
+}
 MStringArray& MStringArray::operator=(const MStringArray& other) = default;
 
 MStatus MStringArray::set(const MString& element, unsigned int index) {
@@ -30,7 +37,10 @@ MStatus MStringArray::set(const MString& element, unsigned int index) {
     return MS::kSuccess;
 }
 
-MStatus MStringArray::setLength(unsigned int length) { fItems.resize(length); return MS::kSuccess; }
+MStatus MStringArray::setLength(unsigned int length) {
+    fItems.resize(length);
+    return MS::kSuccess;
+}
 unsigned int MStringArray::length() const { return static_cast<unsigned int>(fItems.size()); }
 
 MStatus MStringArray::remove(unsigned int index) {
@@ -45,8 +55,14 @@ MStatus MStringArray::insert(const MString& element, unsigned int index) {
     return MS::kSuccess;
 }
 
-MStatus MStringArray::append(const MString& element) { fItems.push_back(element); return MS::kSuccess; }
-MStatus MStringArray::clear() { fItems.clear(); return MS::kSuccess; }
+MStatus MStringArray::append(const MString& element) {
+    fItems.push_back(element);
+    return MS::kSuccess;
+}
+MStatus MStringArray::clear() {
+    fItems.clear();
+    return MS::kSuccess;
+}
 
 int MStringArray::indexOf(const MString& element) const {
     for (size_t i = 0; i < fItems.size(); ++i)

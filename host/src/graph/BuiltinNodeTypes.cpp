@@ -1,11 +1,11 @@
 #include "graph/BuiltinNodeTypes.h"
 
+#include <cctype>
+#include <tuple>
+
 #include "graph/NodeType.h"
 #include "meshnode/MeshNodeTypes.h"
 #include "polymodifiers/PolyModifierNode.h"
-
-#include <cctype>
-#include <tuple>
 
 namespace mhost {
 namespace {
@@ -31,8 +31,8 @@ NodeTypePtr makeTransformType() {
     addInheritedAttributes(*type);
     for (const auto& [longName, shortName, value] :
          {std::tuple{"translate", "t", 0.0}, {"rotate", "r", 0.0}, {"scale", "s", 1.0}})
-        type->addAttribute(
-            lowerCaseChildShortNames(makeNumericAttribute(longName, shortName, MFnNumericData::k3Double, value)));
+        type->addAttribute(lowerCaseChildShortNames(
+            makeNumericAttribute(longName, shortName, MFnNumericData::k3Double, value)));
     return type;
 }
 
@@ -83,8 +83,8 @@ const BaseAttributes& baseAttributes() {
         b.message->storable = false;
         b.caching = makeNumericAttribute("caching", "cch", MFnNumericData::kBoolean);
         b.frozen = makeNumericAttribute("frozen", "fzn", MFnNumericData::kBoolean);
-        b.isHistoricallyInteresting = makeNumericAttribute("isHistoricallyInteresting", "ihi",
-                                                           MFnNumericData::kByte, 2);
+        b.isHistoricallyInteresting =
+            makeNumericAttribute("isHistoricallyInteresting", "ihi", MFnNumericData::kByte, 2);
         b.state = makeNumericAttribute("nodeState", "nds", MFnNumericData::kInt);
         return b;
     }();
@@ -93,7 +93,8 @@ const BaseAttributes& baseAttributes() {
 
 void addInheritedAttributes(NodeType& type) {
     const BaseAttributes& base = baseAttributes();
-    for (const auto& a : {base.message, base.caching, base.frozen, base.isHistoricallyInteresting, base.state})
+    for (const auto& a :
+         {base.message, base.caching, base.frozen, base.isHistoricallyInteresting, base.state})
         type.addAttribute(a);
     if (!type.isDag) return;
     // Like the base attributes, one object per DAG attribute serves every DAG type.

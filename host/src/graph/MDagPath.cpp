@@ -168,8 +168,10 @@ MMatrix MDagPath::inclusiveMatrix(MStatus* ReturnStatus) const {
 
 MMatrix MDagPath::exclusiveMatrix(MStatus* ReturnStatus) const {
     MDagPath above(*this);
-    if (above.fNodes.size() > 1) above.pop();
-    else above.fNodes.clear();
+    if (above.fNodes.size() > 1)
+        above.pop();
+    else
+        above.fNodes.clear();
     report(ReturnStatus, isValid() ? MS::kSuccess : MS::kInvalidParameter);
     return above.fNodes.empty() ? MMatrix() : above.inclusiveMatrix();
 }

@@ -23,7 +23,8 @@ PlugRef refFor(mhost::Node* node, const MObject& attribute) {
 MDataHandle inputHandle(const PlugRef& ref, MStatus* status) {
     if (status) *status = ref.node ? MS::kSuccess : MS::kInvalidParameter;
     if (!ref.node) return MDataHandle();
-    return MDataHandle(std::make_shared<mhost::HandleSlot>(ref.key.attribute, mhost::scene().evaluate(ref), nullptr));
+    return MDataHandle(
+        std::make_shared<mhost::HandleSlot>(ref.key.attribute, mhost::scene().evaluate(ref), nullptr));
 }
 
 MDataHandle outputHandle(const PlugRef& ref, MStatus* status) {
@@ -41,10 +42,16 @@ MDataBlock::MDataBlock(mhost::Node* node) : fNode(node) {}
 MDataBlock::~MDataBlock() = default;
 const char* MDataBlock::className() { return "MDataBlock"; }
 
-MDataHandle MDataBlock::inputValue(const MPlug& plug, MStatus* s) { return inputHandle(refFor(fNode, plug), s); }
+MDataHandle MDataBlock::inputValue(const MPlug& plug, MStatus* s) {
+    return inputHandle(refFor(fNode, plug), s);
+}
 MDataHandle MDataBlock::inputValue(const MObject& a, MStatus* s) { return inputHandle(refFor(fNode, a), s); }
-MDataHandle MDataBlock::outputValue(const MPlug& plug, MStatus* s) { return outputHandle(refFor(fNode, plug), s); }
-MDataHandle MDataBlock::outputValue(const MObject& a, MStatus* s) { return outputHandle(refFor(fNode, a), s); }
+MDataHandle MDataBlock::outputValue(const MPlug& plug, MStatus* s) {
+    return outputHandle(refFor(fNode, plug), s);
+}
+MDataHandle MDataBlock::outputValue(const MObject& a, MStatus* s) {
+    return outputHandle(refFor(fNode, a), s);
+}
 
 MStatus MDataBlock::setClean(const MPlug& plug) {
     PlugRef ref = refFor(fNode, plug);

@@ -88,14 +88,30 @@ void MDataHandle::set(double a, double b, double c) { set3Double(a, b, c); }
 void MDataHandle::set(float a, float b, float c) { set3Float(a, b, c); }
 void MDataHandle::set(const MString& v) { setString(v); }
 MStatus MDataHandle::set(const MObject& data) { return setMObject(data); }
-void MDataHandle::setBool(bool v) { if (fSlot) fSlot->storeNumbers(v ? 1 : 0); }
-void MDataHandle::setShort(short v) { if (fSlot) fSlot->storeNumbers(v); }
-void MDataHandle::setInt(int v) { if (fSlot) fSlot->storeNumbers(v); }
-void MDataHandle::setFloat(float v) { if (fSlot) fSlot->storeNumbers(v); }
-void MDataHandle::setDouble(double v) { if (fSlot) fSlot->storeNumbers(v); }
-void MDataHandle::setMVector(const MVector& v) { if (fSlot) fSlot->storeNumbers(v.x, v.y, v.z); }
-void MDataHandle::set3Float(float a, float b, float c) { if (fSlot) fSlot->storeNumbers(a, b, c); }
-void MDataHandle::set3Double(double a, double b, double c) { if (fSlot) fSlot->storeNumbers(a, b, c); }
+void MDataHandle::setBool(bool v) {
+    if (fSlot) fSlot->storeNumbers(v ? 1 : 0);
+}
+void MDataHandle::setShort(short v) {
+    if (fSlot) fSlot->storeNumbers(v);
+}
+void MDataHandle::setInt(int v) {
+    if (fSlot) fSlot->storeNumbers(v);
+}
+void MDataHandle::setFloat(float v) {
+    if (fSlot) fSlot->storeNumbers(v);
+}
+void MDataHandle::setDouble(double v) {
+    if (fSlot) fSlot->storeNumbers(v);
+}
+void MDataHandle::setMVector(const MVector& v) {
+    if (fSlot) fSlot->storeNumbers(v.x, v.y, v.z);
+}
+void MDataHandle::set3Float(float a, float b, float c) {
+    if (fSlot) fSlot->storeNumbers(a, b, c);
+}
+void MDataHandle::set3Double(double a, double b, double c) {
+    if (fSlot) fSlot->storeNumbers(a, b, c);
+}
 
 void MDataHandle::setString(const MString& v) {
     if (!fSlot) return;

@@ -34,9 +34,9 @@ NodePtr copySubtree(const NodePtr& original, mhost::Node* parent) {
 
 }  // namespace
 
-#define MHOST_DAG_OR_RETURN(value)                                      \
-    auto node = mhost::liveNodeOf(fObject);                             \
-    report(ReturnStatus, node ? MS::kSuccess : MS::kInvalidParameter);  \
+#define MHOST_DAG_OR_RETURN(value)                                     \
+    auto node = mhost::liveNodeOf(fObject);                            \
+    report(ReturnStatus, node ? MS::kSuccess : MS::kInvalidParameter); \
     if (!node) return value
 
 MFnDagNode::MFnDagNode(const MDagPath& object, MStatus* ret) {
@@ -62,7 +62,8 @@ MObject MFnDagNode::create(const MTypeId& typeId, MObject& parent, MStatus* Retu
     return create(typeId, MString(), parent, ReturnStatus);
 }
 
-MObject MFnDagNode::create(const MTypeId& typeId, const MString& name, MObject& parent, MStatus* ReturnStatus) {
+MObject MFnDagNode::create(const MTypeId& typeId, const MString& name, MObject& parent,
+                           MStatus* ReturnStatus) {
     auto type = mhost::nodeTypes().findById(typeId.id());
     return create(MString(type ? type->name.c_str() : ""), name, parent, ReturnStatus);
 }
@@ -143,7 +144,9 @@ bool MFnDagNode::isChildOf(const MObject& other, MStatus* ReturnStatus) const {
     return parentNode && node->parent == parentNode.get();
 }
 
-bool MFnDagNode::isParentOf(const MObject& other, MStatus* ReturnStatus) const { return hasChild(other, ReturnStatus); }
+bool MFnDagNode::isParentOf(const MObject& other, MStatus* ReturnStatus) const {
+    return hasChild(other, ReturnStatus);
+}
 
 bool MFnDagNode::isInstanced(bool, MStatus* ReturnStatus) const {
     MHOST_DAG_OR_RETURN(false);
@@ -171,7 +174,9 @@ MDagPath MFnDagNode::dagPath(MStatus* ReturnStatus) const {
 }
 
 MString MFnDagNode::fullPathName(MStatus* ReturnStatus) const { return fPath.fullPathName(ReturnStatus); }
-MString MFnDagNode::partialPathName(MStatus* ReturnStatus) const { return fPath.partialPathName(ReturnStatus); }
+MString MFnDagNode::partialPathName(MStatus* ReturnStatus) const {
+    return fPath.partialPathName(ReturnStatus);
+}
 
 MMatrix MFnDagNode::transformationMatrix(MStatus* ReturnStatus) const {
     MHOST_DAG_OR_RETURN(MMatrix());

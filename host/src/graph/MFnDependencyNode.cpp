@@ -34,9 +34,9 @@ MObject wrapAttribute(const mhost::Attribute* attribute) {
 
 }  // namespace
 
-#define MHOST_NODE_OR_RETURN(value)                                     \
-    auto node = mhost::liveNodeOf(fObject);                             \
-    report(ReturnStatus, node ? MS::kSuccess : MS::kInvalidParameter);  \
+#define MHOST_NODE_OR_RETURN(value)                                    \
+    auto node = mhost::liveNodeOf(fObject);                            \
+    report(ReturnStatus, node ? MS::kSuccess : MS::kInvalidParameter); \
     if (!node) return value
 
 MObject MFnDependencyNode::create(const MTypeId& typeId, MStatus* ReturnStatus) {
@@ -138,7 +138,8 @@ MPlug MFnDependencyNode::findPlug(const MObject& attr, bool, MStatus* ReturnStat
     return plug;
 }
 
-MPlug MFnDependencyNode::findPlug(const MString& attrName, bool wantNetworkedPlug, MStatus* ReturnStatus) const {
+MPlug MFnDependencyNode::findPlug(const MString& attrName, bool wantNetworkedPlug,
+                                  MStatus* ReturnStatus) const {
     return findPlug(attribute(attrName), wantNetworkedPlug, ReturnStatus);
 }
 

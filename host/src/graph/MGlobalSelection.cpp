@@ -13,10 +13,18 @@ const MSelectionList& active() { return mhost::scene().settings.activeSelection;
 MStatus adjust(const MSelectionList& items, MGlobal::ListAdjustment how) {
     MSelectionList list = active();
     switch (how) {
-        case MGlobal::kReplaceList: list = items; break;
-        case MGlobal::kXORWithList: list.merge(items, MSelectionList::kXORWithList); break;
-        case MGlobal::kAddToList: list.merge(items); break;
-        case MGlobal::kRemoveFromList: list.merge(items, MSelectionList::kRemoveFromList); break;
+        case MGlobal::kReplaceList:
+            list = items;
+            break;
+        case MGlobal::kXORWithList:
+            list.merge(items, MSelectionList::kXORWithList);
+            break;
+        case MGlobal::kAddToList:
+            list.merge(items);
+            break;
+        case MGlobal::kRemoveFromList:
+            list.merge(items, MSelectionList::kRemoveFromList);
+            break;
         case MGlobal::kAddToHeadOfList: {
             MSelectionList head = items;
             head.merge(list);
@@ -35,7 +43,9 @@ MStatus MGlobal::getActiveSelectionList(MSelectionList& dest, bool) {
     return MS::kSuccess;
 }
 
-MStatus MGlobal::setActiveSelectionList(const MSelectionList& src, ListAdjustment how) { return adjust(src, how); }
+MStatus MGlobal::setActiveSelectionList(const MSelectionList& src, ListAdjustment how) {
+    return adjust(src, how);
+}
 
 MStatus MGlobal::getSelectionListByName(const MString& name, MSelectionList& list) {
     list.clear();

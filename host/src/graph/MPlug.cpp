@@ -57,7 +57,8 @@ MPlug::MPlug(const MObject& node, const MObject& attribute) {
     fAttribute = attr.get();
 }
 
-MPlug::MPlug(const PlugRef& plug) : fNode(plug.node), fAttribute(plug.key.attribute), fIndex(plug.key.index) {}
+MPlug::MPlug(const PlugRef& plug)
+    : fNode(plug.node), fAttribute(plug.key.attribute), fIndex(plug.key.index) {}
 
 PlugRef MPlug::hostPlug() const {
     if (!fNode || !fAttribute) throw mhost::HostError("MPlug: the plug is null");
@@ -87,8 +88,8 @@ MString MPlug::name(MStatus* ReturnStatus) const {
     return MString((fNode->name + ".").c_str()) + partialName(false, false, false, false, true, true);
 }
 
-MString MPlug::partialName(bool includeNodeName, bool, bool, bool, bool useFullAttributePath, bool useLongNames,
-                           MStatus* ReturnStatus) const {
+MString MPlug::partialName(bool includeNodeName, bool, bool, bool, bool useFullAttributePath,
+                           bool useLongNames, MStatus* ReturnStatus) const {
     report(ReturnStatus, isNull() ? MS::kFailure : MS::kSuccess);
     if (isNull()) return MString();
     std::string path;
@@ -102,10 +103,22 @@ MString MPlug::partialName(bool includeNodeName, bool, bool, bool, bool useFullA
 }
 
 bool MPlug::isNetworked(MStatus* ReturnStatus) const { return isConnected(ReturnStatus); }
-bool MPlug::isArray(MStatus* s) const { report(s, MS::kSuccess); return !isNull() && fAttribute->array && fIndex < 0; }
-bool MPlug::isElement(MStatus* s) const { report(s, MS::kSuccess); return !isNull() && fAttribute->array && fIndex >= 0; }
-bool MPlug::isCompound(MStatus* s) const { report(s, MS::kSuccess); return !isNull() && !fAttribute->children.empty(); }
-bool MPlug::isChild(MStatus* s) const { report(s, MS::kSuccess); return !isNull() && fAttribute->parent; }
+bool MPlug::isArray(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return !isNull() && fAttribute->array && fIndex < 0;
+}
+bool MPlug::isElement(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return !isNull() && fAttribute->array && fIndex >= 0;
+}
+bool MPlug::isCompound(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return !isNull() && !fAttribute->children.empty();
+}
+bool MPlug::isChild(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return !isNull() && fAttribute->parent;
+}
 
 unsigned int MPlug::logicalIndex(MStatus* ReturnStatus) const {
     report(ReturnStatus, isElement() ? MS::kSuccess : MS::kFailure);
@@ -216,9 +229,18 @@ bool MPlug::isSource(MStatus* ReturnStatus) const {
 }
 
 bool MPlug::isDestination(MStatus* ReturnStatus) const { return !source(ReturnStatus).isNull(); }
-bool MPlug::isKeyable(MStatus* s) const { report(s, MS::kSuccess); return !isNull() && fAttribute->keyable; }
-bool MPlug::isFromReferencedFile(MStatus* s) const { report(s, MS::kSuccess); return false; }
-bool MPlug::isDynamic(MStatus* s) const { report(s, MS::kSuccess); return false; }
+bool MPlug::isKeyable(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return !isNull() && fAttribute->keyable;
+}
+bool MPlug::isFromReferencedFile(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return false;
+}
+bool MPlug::isDynamic(MStatus* s) const {
+    report(s, MS::kSuccess);
+    return false;
+}
 
 bool MPlug::isLocked(MStatus* ReturnStatus) const {
     report(ReturnStatus, isNull() ? MS::kFailure : MS::kSuccess);
@@ -227,8 +249,10 @@ bool MPlug::isLocked(MStatus* ReturnStatus) const {
 
 MStatus MPlug::setLocked(bool locked) {
     if (isNull()) return MS::kFailure;
-    if (locked) fNode->locked.insert({fAttribute, fIndex});
-    else fNode->locked.erase({fAttribute, fIndex});
+    if (locked)
+        fNode->locked.insert({fAttribute, fIndex});
+    else
+        fNode->locked.erase({fAttribute, fIndex});
     return MS::kSuccess;
 }
 
@@ -249,7 +273,8 @@ MObject MPlug::asMObject(MStatus* ReturnStatus) const {
 MDataHandle MPlug::asMDataHandle(MStatus* ReturnStatus) const {
     report(ReturnStatus, isNull() ? MS::kFailure : MS::kSuccess);
     if (isNull()) return MDataHandle();
-    return MDataHandle(std::make_shared<mhost::HandleSlot>(fAttribute, mhost::scene().evaluate(hostPlug()), nullptr));
+    return MDataHandle(
+        std::make_shared<mhost::HandleSlot>(fAttribute, mhost::scene().evaluate(hostPlug()), nullptr));
 }
 
 double MPlug::asDouble(MStatus* ReturnStatus) const {
@@ -268,14 +293,46 @@ MString MPlug::asString(MStatus* ReturnStatus) const {
     return text ? text->value : MString();
 }
 
-MStatus MPlug::getValue(MObject& v) const { MStatus s; v = asMObject(&s); return s; }
-MStatus MPlug::getValue(MDataHandle& v) const { MStatus s; v = asMDataHandle(&s); return s; }
-MStatus MPlug::getValue(double& v) const { MStatus s; v = asDouble(&s); return s; }
-MStatus MPlug::getValue(float& v) const { MStatus s; v = asFloat(&s); return s; }
-MStatus MPlug::getValue(int& v) const { MStatus s; v = asInt(&s); return s; }
-MStatus MPlug::getValue(short& v) const { MStatus s; v = asShort(&s); return s; }
-MStatus MPlug::getValue(bool& v) const { MStatus s; v = asBool(&s); return s; }
-MStatus MPlug::getValue(MString& v) const { MStatus s; v = asString(&s); return s; }
+MStatus MPlug::getValue(MObject& v) const {
+    MStatus s;
+    v = asMObject(&s);
+    return s;
+}
+MStatus MPlug::getValue(MDataHandle& v) const {
+    MStatus s;
+    v = asMDataHandle(&s);
+    return s;
+}
+MStatus MPlug::getValue(double& v) const {
+    MStatus s;
+    v = asDouble(&s);
+    return s;
+}
+MStatus MPlug::getValue(float& v) const {
+    MStatus s;
+    v = asFloat(&s);
+    return s;
+}
+MStatus MPlug::getValue(int& v) const {
+    MStatus s;
+    v = asInt(&s);
+    return s;
+}
+MStatus MPlug::getValue(short& v) const {
+    MStatus s;
+    v = asShort(&s);
+    return s;
+}
+MStatus MPlug::getValue(bool& v) const {
+    MStatus s;
+    v = asBool(&s);
+    return s;
+}
+MStatus MPlug::getValue(MString& v) const {
+    MStatus s;
+    v = asString(&s);
+    return s;
+}
 
 // ---- writes
 
@@ -299,7 +356,8 @@ MStatus MPlug::setBool(bool v) { return setDouble(v ? 1.0 : 0.0); }
 MStatus MPlug::setElementsFromPoints(const MPointArray& points) {
     mhost::Node& node = *fNode;
     for (auto it = node.values.begin(); it != node.values.end();)
-        it = it->first.attribute == fAttribute && it->first.index >= 0 ? node.values.erase(it) : std::next(it);
+        it =
+            it->first.attribute == fAttribute && it->first.index >= 0 ? node.values.erase(it) : std::next(it);
     for (unsigned int i = 0; i < points.length(); ++i) {
         PlugValue value;
         value.numbers = {points[i].x, points[i].y, points[i].z, 0};

@@ -131,11 +131,15 @@ MStatus MSelectionList::toggle(const MDagPath& item, const MObject& component) {
 
 MStatus MSelectionList::merge(const MSelectionList& other, const MergeStrategy strategy) {
     for (const Item& item : other.fItems) {
-        auto it = std::find_if(fItems.begin(), fItems.end(), [&](const Item& i) { return sameItem(i, item); });
+        auto it =
+            std::find_if(fItems.begin(), fItems.end(), [&](const Item& i) { return sameItem(i, item); });
         const bool present = it != fItems.end();
-        if (strategy == kMergeNormal && !present) fItems.push_back(item);
-        else if (strategy == kXORWithList) present ? (void)fItems.erase(it) : fItems.push_back(item);
-        else if (strategy == kRemoveFromList && present) fItems.erase(it);
+        if (strategy == kMergeNormal && !present)
+            fItems.push_back(item);
+        else if (strategy == kXORWithList)
+            present ? (void)fItems.erase(it) : fItems.push_back(item);
+        else if (strategy == kRemoveFromList && present)
+            fItems.erase(it);
     }
     return MS::kSuccess;
 }
@@ -143,7 +147,8 @@ MStatus MSelectionList::merge(const MSelectionList& other, const MergeStrategy s
 MStatus MSelectionList::getSelectionStrings(MStringArray& array) const {
     array.clear();
     for (const Item& item : fItems) {
-        if (item.isPlug) array.append(item.plug.name());
+        if (item.isPlug)
+            array.append(item.plug.name());
         else if (auto node = mhost::liveNodeOf(item.node))
             array.append(MString((node->name + mhost::componentSuffix(item.component)).c_str()));
     }

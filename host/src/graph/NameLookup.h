@@ -12,9 +12,9 @@
 namespace mhost {
 
 struct NameMatch {
-    NodePtr node;      // null when nothing matches
-    MPlug plug;        // set for plug names
-    MObject component; // set for component names; `node` is then the shape
+    NodePtr node;       // null when nothing matches
+    MPlug plug;         // set for plug names
+    MObject component;  // set for component names; `node` is then the shape
 };
 
 NameMatch lookUpName(const std::string& text);

@@ -20,13 +20,20 @@ namespace {
 // A typed array attribute without a default reads as an empty array of its type, never as nothing.
 DataPtr emptyArrayOf(MFnData::Type type) {
     switch (type) {
-        case MFnData::kIntArray: return std::make_shared<IntArrayData>();
-        case MFnData::kDoubleArray: return std::make_shared<DoubleArrayData>();
-        case MFnData::kFloatArray: return std::make_shared<FloatArrayData>();
-        case MFnData::kPointArray: return std::make_shared<PointArrayData>();
-        case MFnData::kVectorArray: return std::make_shared<VectorArrayData>();
-        case MFnData::kStringArray: return std::make_shared<StringArrayData>();
-        default: return nullptr;
+        case MFnData::kIntArray:
+            return std::make_shared<IntArrayData>();
+        case MFnData::kDoubleArray:
+            return std::make_shared<DoubleArrayData>();
+        case MFnData::kFloatArray:
+            return std::make_shared<FloatArrayData>();
+        case MFnData::kPointArray:
+            return std::make_shared<PointArrayData>();
+        case MFnData::kVectorArray:
+            return std::make_shared<VectorArrayData>();
+        case MFnData::kStringArray:
+            return std::make_shared<StringArrayData>();
+        default:
+            return nullptr;
     }
 }
 
@@ -35,7 +42,8 @@ DataPtr emptyArrayOf(MFnData::Type type) {
 PlugValue defaultValue(const Attribute& attribute) {
     PlugValue value;
     value.numbers = attribute.numericDefault;
-    if (DataPtr data = dataOf(attribute.defaultData)) value.data = wrapData(data->clone());
+    if (DataPtr data = dataOf(attribute.defaultData))
+        value.data = wrapData(data->clone());
     else if (attribute.kind == AttributeKind::kTyped && !attribute.array)
         if (DataPtr empty = emptyArrayOf(attribute.dataType)) value.data = wrapData(empty);
     return value;

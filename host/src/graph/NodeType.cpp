@@ -40,7 +40,8 @@ bool NodeTypeRegistry::add(const NodeTypePtr& type) {
 }
 
 bool NodeTypeRegistry::remove(const std::string& name) {
-    auto it = std::find_if(types_.begin(), types_.end(), [&](const NodeTypePtr& t) { return t->name == name; });
+    auto it =
+        std::find_if(types_.begin(), types_.end(), [&](const NodeTypePtr& t) { return t->name == name; });
     if (it == types_.end()) return false;
     types_.erase(it);
     return true;

@@ -9,9 +9,9 @@
 #include <algorithm>
 #include <cctype>
 
-#include "graph/DataObject.h"
 #include "core/Uuid.h"
 #include "graph/ApiBridge.h"
+#include "graph/DataObject.h"
 #include "messages/Notifications.h"
 
 namespace mhost {
@@ -30,8 +30,10 @@ std::string stemOf(const std::string& name) {
 }
 
 bool connectable(const Attribute& source, const Attribute& destination, std::string& why) {
-    if (!source.readable || !source.connectable) why = "the source attribute cannot be read";
-    else if (!destination.writable || !destination.connectable) why = "the destination attribute is not writable";
+    if (!source.readable || !source.connectable)
+        why = "the source attribute cannot be read";
+    else if (!destination.writable || !destination.connectable)
+        why = "the destination attribute is not writable";
     else if ((source.kind == AttributeKind::kMessage) != (destination.kind == AttributeKind::kMessage))
         why = "a message attribute connects only to a message attribute";
     else if (destination.kind == AttributeKind::kTyped && source.kind == AttributeKind::kTyped &&
@@ -56,7 +58,8 @@ bool plugsOverlap(const PlugRef& a, const PlugRef& b) {
 }
 
 NodePtr Scene::makeNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent) {
-    auto node = std::make_shared<Node>(type, uniqueName(requestedName.empty() ? type->name + "1" : requestedName));
+    auto node =
+        std::make_shared<Node>(type, uniqueName(requestedName.empty() ? type->name + "1" : requestedName));
     node->uuid = newUuidText();
     node->alive = false;
     if (type->isDag) node->parent = parent;
@@ -152,13 +155,18 @@ NodePtr Scene::findNode(const std::string& name) const {
 
 MStatus Scene::connect(const PlugRef& source, const PlugRef& destination, bool force, std::string* error) {
     std::string why;
-    if (plugsOverlap(source, destination)) why = "a plug cannot be connected to itself";
-    else connectable(*source.key.attribute, *destination.key.attribute, why);
+    if (plugsOverlap(source, destination))
+        why = "a plug cannot be connected to itself";
+    else
+        connectable(*source.key.attribute, *destination.key.attribute, why);
     auto existing = sourceOf(destination);
     if (why.empty() && existing) {
-        if (*existing == source) why = "the plugs are already connected";
-        else if (!force) why = "the destination already has an incoming connection";
-        else disconnect(*existing, destination);
+        if (*existing == source)
+            why = "the plugs are already connected";
+        else if (!force)
+            why = "the destination already has an incoming connection";
+        else
+            disconnect(*existing, destination);
     }
     if (!why.empty()) {
         if (error) *error = why;

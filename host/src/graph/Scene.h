@@ -24,7 +24,7 @@ struct PlugRef {
 // Scene-wide state that is not a node: the active selection and the modelling preferences.
 struct SceneSettings {
     MSelectionList activeSelection;
-    bool constructionHistory = true;  // "constructionHistory -toggle"
+    bool constructionHistory = true;    // "constructionHistory -toggle"
     std::string selectMode = "object";  // "changeSelectMode"
 };
 
@@ -60,7 +60,8 @@ public:
 
     // Connects source to destination. Fails when the destination has a source already (unless
     // `force`), when the plugs are the same, or their types cannot be connected.
-    MStatus connect(const PlugRef& source, const PlugRef& destination, bool force, std::string* error = nullptr);
+    MStatus connect(const PlugRef& source, const PlugRef& destination, bool force,
+                    std::string* error = nullptr);
     MStatus disconnect(const PlugRef& source, const PlugRef& destination);
     std::optional<PlugRef> sourceOf(const PlugRef& destination) const;
     std::vector<PlugRef> destinationsOf(const PlugRef& source) const;

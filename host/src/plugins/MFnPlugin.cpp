@@ -27,7 +27,9 @@ void report(MStatus* out, MStatus status) {
 // host does not provide.
 bool describeKind(MPxNode::Type kind, mhost::NodeType& type) {
     switch (kind) {
-        case MPxNode::kDependNode: type.apiType = MFn::kPluginDependNode; return true;
+        case MPxNode::kDependNode:
+            type.apiType = MFn::kPluginDependNode;
+            return true;
         case MPxNode::kLocatorNode:
             type.apiType = MFn::kPluginLocatorNode;
             type.isDag = type.isShape = true;
@@ -36,7 +38,8 @@ bool describeKind(MPxNode::Type kind, mhost::NodeType& type) {
             type.apiType = MFn::kPluginConstraintNode;
             type.isDag = true;
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -63,9 +66,9 @@ MFnPlugin::MFnPlugin(MObject& object, const char* vendor, const char* version, c
     record->version = version ? version : "Unknown";
 }
 
-#define MHOST_RECORD_OR_RETURN(value)                                     \
-    auto record = recordOf(fObject);                                      \
-    report(ReturnStatus, record ? MS::kSuccess : MS::kInvalidParameter);  \
+#define MHOST_RECORD_OR_RETURN(value)                                    \
+    auto record = recordOf(fObject);                                     \
+    report(ReturnStatus, record ? MS::kSuccess : MS::kInvalidParameter); \
     if (!record) return value
 
 MString MFnPlugin::vendor(MStatus* ReturnStatus) const {
@@ -113,7 +116,8 @@ MStatus MFnPlugin::registerCommand(const MString& commandName, MCreatorFunction 
     auto record = recordOf(fObject);
     if (!record || !creatorFunction) return MS::kInvalidParameter;
     const bool added = mhost::commandTable().add(
-        commandName.asChar(), mhost::pluginCommandFactory(creatorFunction, createSyntaxFunction), record->name);
+        commandName.asChar(), mhost::pluginCommandFactory(creatorFunction, createSyntaxFunction),
+        record->name);
     return added ? MS::kSuccess : MS::kFailure;
 }
 
@@ -128,7 +132,8 @@ MStatus MFnPlugin::deregisterCommand(const MString& commandName) {
 MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFunction creatorFunction) {
     auto record = recordOf(fObject);
     if (!record || !creatorFunction) return MS::kInvalidParameter;
-    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, "", record->name, nullptr, nullptr};
+    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, "",
+                                     record->name,         nullptr,         nullptr};
     return mhost::addContextCommand(entry) ? MS::kSuccess : MS::kFailure;
 }
 
@@ -136,13 +141,16 @@ MStatus MFnPlugin::registerContextCommand(const MString& commandName, MCreatorFu
                                           const MString& toolCmdName, MCreatorFunction toolCmdCreator,
                                           MCreateSyntaxFunction toolCmdSyntax) {
     auto record = recordOf(fObject);
-    if (!record || !creatorFunction || !toolCmdCreator || toolCmdName.length() == 0) return MS::kInvalidParameter;
-    if (mhost::contextCommands().find(commandName.asChar()) || mhost::commandTable().contains(commandName.asChar()))
+    if (!record || !creatorFunction || !toolCmdCreator || toolCmdName.length() == 0)
+        return MS::kInvalidParameter;
+    if (mhost::contextCommands().find(commandName.asChar()) ||
+        mhost::commandTable().contains(commandName.asChar()))
         return MS::kFailure;
     MStatus status = registerCommand(toolCmdName, toolCmdCreator, toolCmdSyntax);
     if (!status) return status;
-    mhost::ContextCommandEntry entry{commandName.asChar(), creatorFunction, toolCmdName.asChar(), record->name,
-                                     toolCmdCreator, toolCmdSyntax ? toolCmdSyntax().hostData() : nullptr};
+    mhost::ContextCommandEntry entry{
+        commandName.asChar(), creatorFunction, toolCmdName.asChar(),
+        record->name,         toolCmdCreator,  toolCmdSyntax ? toolCmdSyntax().hostData() : nullptr};
     return mhost::addContextCommand(entry) ? MS::kSuccess : MS::kFailure;
 }
 
@@ -160,9 +168,9 @@ MStatus MFnPlugin::deregisterContextCommand(const MString& commandName, const MS
     return status ? deregisterCommand(toolCmdName) : status;
 }
 
-MStatus MFnPlugin::registerNode(const MString& typeName, const MTypeId& typeId, MCreatorFunction creatorFunction,
-                                MInitializeFunction initFunction, MPxNode::Type kind,
-                                const MString* classification) {
+MStatus MFnPlugin::registerNode(const MString& typeName, const MTypeId& typeId,
+                                MCreatorFunction creatorFunction, MInitializeFunction initFunction,
+                                MPxNode::Type kind, const MString* classification) {
     auto record = recordOf(fObject);
     if (!record || !creatorFunction || !initFunction || typeName.length() == 0) return MS::kInvalidParameter;
     auto& registry = mhost::nodeTypes();

@@ -1,8 +1,7 @@
 #include "plugins/PluginLoader.h"
 
-#include <maya/MObject.h>
-
 #include <dlfcn.h>
+#include <maya/MObject.h>
 
 #include <algorithm>
 #include <memory>

@@ -12,12 +12,12 @@ class PluginRecord : public ApiObject {
 public:
     MFn::Type apiType() const override { return MFn::kPlugin; }
 
-    std::string name;       // file name without folder and extension
-    std::string path;       // as loaded
-    std::string apiVersion; // the module's MApiVersion text
+    std::string name;        // file name without folder and extension
+    std::string path;        // as loaded
+    std::string apiVersion;  // the module's MApiVersion text
     std::string vendor = "Unknown";
     std::string version = "Unknown";
-    void* handle = nullptr; // from dlopen
+    void* handle = nullptr;  // from dlopen
 };
 
 }  // namespace mhost

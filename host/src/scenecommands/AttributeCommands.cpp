@@ -10,8 +10,10 @@ namespace {
 
 // Reads a value word: a number, or one of Maya's boolean words.
 bool parseValueWord(const std::string& word, double& value) {
-    if (word == "true" || word == "on" || word == "yes") value = 1;
-    else if (word == "false" || word == "off" || word == "no") value = 0;
+    if (word == "true" || word == "on" || word == "yes")
+        value = 1;
+    else if (word == "false" || word == "off" || word == "no")
+        value = 0;
     else {
         char* end = nullptr;
         value = std::strtod(word.c_str(), &end);
@@ -27,8 +29,10 @@ public:
         std::string typeName;
         for (unsigned int i = 0; i < args.length(); ++i) {
             std::string word = args.asString(i).asChar();
-            if ((word == "-type" || word == "-typ") && i + 1 < args.length()) typeName = args.asString(++i).asChar();
-            else words.push_back(word);
+            if ((word == "-type" || word == "-typ") && i + 1 < args.length())
+                typeName = args.asString(++i).asChar();
+            else
+                words.push_back(word);
         }
         if (words.size() < 2) return fail("setAttr: expects a plug and a value");
         MPlug plug;
@@ -56,11 +60,13 @@ public:
 private:
     MStatus setNumbers(MPlug& plug, const std::vector<std::string>& words) {
         const Attribute& attribute = *plug.hostPlug().key.attribute;
-        const int expected = attribute.kind == AttributeKind::kNumeric ? std::max(1, attribute.componentCount()) : 0;
-        if (expected == 0) return fail(std::string("setAttr: ") + plug.name().asChar() + " does not hold numbers");
+        const int expected =
+            attribute.kind == AttributeKind::kNumeric ? std::max(1, attribute.componentCount()) : 0;
+        if (expected == 0)
+            return fail(std::string("setAttr: ") + plug.name().asChar() + " does not hold numbers");
         if (static_cast<int>(words.size()) != expected)
-            return fail("setAttr: " + std::string(plug.name().asChar()) + " expects " + std::to_string(expected) +
-                        " value(s)");
+            return fail("setAttr: " + std::string(plug.name().asChar()) + " expects " +
+                        std::to_string(expected) + " value(s)");
         double values[4] = {0, 0, 0, 0};
         for (int i = 0; i < expected; ++i)
             if (!parseValueWord(words[i], values[i])) return fail("setAttr: bad value \"" + words[i] + "\"");
@@ -91,10 +97,12 @@ public:
         PlugValue value = scene().evaluate(plug.hostPlug());
         if (attribute.kind != AttributeKind::kNumeric) {
             auto text = std::dynamic_pointer_cast<StringData>(dataOf(value.data));
-            if (!text) return fail(std::string("getAttr: ") + plug.name().asChar() + " holds no printable value");
+            if (!text)
+                return fail(std::string("getAttr: ") + plug.name().asChar() + " holds no printable value");
             result().set(std::string(text->value.asChar()));
         } else if (attribute.componentCount() > 1) {
-            result().set(std::vector<double>(value.numbers.begin(), value.numbers.begin() + attribute.componentCount()));
+            result().set(std::vector<double>(value.numbers.begin(),
+                                             value.numbers.begin() + attribute.componentCount()));
         } else {
             result().set(value.numbers[0]);
         }

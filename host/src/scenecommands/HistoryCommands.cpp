@@ -83,7 +83,8 @@ public:
         if (!status || !(status = objectNodes(nodes))) return status;
         if (flags().isFlagSet("-a")) nodes = scene().nodes();
         for (const auto& node : nodes)
-            for (const auto& attribute : node->type->attributes) scene().markDirty({node, {attribute.get(), -1}});
+            for (const auto& attribute : node->type->attributes)
+                scene().markDirty({node, {attribute.get(), -1}});
         return MS::kSuccess;
     }
 };

@@ -37,7 +37,8 @@ public:
         MObject parent = parentNode ? wrapNode(parentNode) : MObject();
         MObject created = typeInfo->isDag ? modifier_.createNode(type, parent, &status)
                                           : modifier_.MDGModifier::createNode(type, &status);
-        if (!status) return fail(std::string("createNode: cannot create a node of type ") + type.asChar(), status);
+        if (!status)
+            return fail(std::string("createNode: cannot create a node of type ") + type.asChar(), status);
         NodePtr node = nodeOf(created);
         // Without a parent a shape comes with a new transform; the command names and returns the shape.
         if (typeInfo->isShape && !parentNode) node = node->children.front();
@@ -65,7 +66,8 @@ public:
         flags().getCommandArgument(1, newName);
         NodePtr node;
         if (!(status = resolveNode(oldName.asChar(), node))) return status;
-        if (!(status = modifier_.renameNode(wrapNode(node), newName))) return fail("rename: the new name is empty", status);
+        if (!(status = modifier_.renameNode(wrapNode(node), newName)))
+            return fail("rename: the new name is empty", status);
         modifier_.doIt();
         result().set(node->name);
         return MS::kSuccess;
@@ -106,8 +108,10 @@ public:
         std::vector<NodePtr> nodes;
         if (!status || !(status = objectNodes(nodes))) return status;
         for (const auto& node : nodes) {
-            if (flags().isFlagSet("-ch")) bakeHistory(node);
-            else modifier_.deleteNode(wrapNode(node));
+            if (flags().isFlagSet("-ch"))
+                bakeHistory(node);
+            else
+                modifier_.deleteNode(wrapNode(node));
         }
         return redoIt();
     }

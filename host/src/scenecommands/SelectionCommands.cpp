@@ -34,7 +34,8 @@ public:
         flags().getObjects(names);
         MSelectionList named;
         for (unsigned int i = 0; i < names.length(); ++i)
-            if (!named.add(names[i])) return fail(std::string("No object matches name: ") + names[i].asChar());
+            if (!named.add(names[i]))
+                return fail(std::string("No object matches name: ") + names[i].asChar());
         before_ = scene().settings.activeSelection;
         after_ = flags().isFlagSet("-cl") ? MSelectionList() : combine(flags(), before_, named);
         scene().setActiveSelection(after_);
@@ -52,15 +53,20 @@ public:
     }
 
 private:
-    static MSelectionList combine(const MArgDatabase& db, const MSelectionList& current, const MSelectionList& named) {
+    static MSelectionList combine(const MArgDatabase& db, const MSelectionList& current,
+                                  const MSelectionList& named) {
         MSelectionList result = current;
-        if (db.isFlagSet("-add")) result.merge(named);
+        if (db.isFlagSet("-add"))
+            result.merge(named);
         else if (db.isFlagSet("-af")) {
             result = named;
             result.merge(current);
-        } else if (db.isFlagSet("-d")) result.merge(named, MSelectionList::kRemoveFromList);
-        else if (db.isFlagSet("-tgl")) result.merge(named, MSelectionList::kXORWithList);
-        else result = named;
+        } else if (db.isFlagSet("-d"))
+            result.merge(named, MSelectionList::kRemoveFromList);
+        else if (db.isFlagSet("-tgl"))
+            result.merge(named, MSelectionList::kXORWithList);
+        else
+            result = named;
         return result;
     }
 
@@ -86,7 +92,8 @@ public:
             result().set(db.isFlagSet("-co") ? int(mode == "component") : int(mode == "object"));
             return MS::kSuccess;
         }
-        if (db.isFlagSet("-o") == db.isFlagSet("-co")) return fail("changeSelectMode: use -object or -component");
+        if (db.isFlagSet("-o") == db.isFlagSet("-co"))
+            return fail("changeSelectMode: use -object or -component");
         mode = db.isFlagSet("-o") ? "object" : "component";
         return MS::kSuccess;
     }
@@ -107,11 +114,13 @@ public:
     MStatus doIt(const MArgList& args) override {
         MStatus status = parse(args);
         if (!status) return status;
-        if (!flags().isEdit() || !flags().isFlagSet("-fe")) return fail("sets: only -edit -forceElement is supported");
+        if (!flags().isEdit() || !flags().isFlagSet("-fe"))
+            return fail("sets: only -edit -forceElement is supported");
         MString setName;
         flags().getFlagArgument("-fe", 0, setName);
         NodePtr set = lookUpNode(setName.asChar());
-        if (!set || !set->hasFn(MFn::kSet)) return fail(std::string("sets: no set named ") + setName.asChar());
+        if (!set || !set->hasFn(MFn::kSet))
+            return fail(std::string("sets: no set named ") + setName.asChar());
         std::vector<NodePtr> members;
         if (!(status = objectNodes(members))) return status;
         for (const auto& member : members) {

@@ -54,5 +54,6 @@
         return os << "[" << p.x << ", " << p.y << ", " << p.z << ", " << p.w << "]";                      \
     }                                                                                                     \
     const Point Point::origin(0, 0, 0, 1);                                                                \
-    static_assert(sizeof(Point) == 4 * sizeof(Real), "callers may read a " #Point " array as packed "     \
-                                                                                  "scalars")
+    static_assert(sizeof(Point) == 4 * sizeof(Real), "callers may read a " #Point                         \
+                                                     " array as packed "                                  \
+                                                     "scalars")

@@ -63,7 +63,8 @@ public:
 
 MStatus initializePlugin(MObject obj) {
     MFnPlugin plugin(obj, "Tests", "1.0", "Any");
-    MStatus status = plugin.registerNode("doubler", MTypeId(0x7101), DoublerNode::creator, DoublerNode::initialize);
+    MStatus status =
+        plugin.registerNode("doubler", MTypeId(0x7101), DoublerNode::creator, DoublerNode::initialize);
     if (!status) return status;
     return plugin.registerCommand("greet", GreetCommand::creator, GreetCommand::newSyntax);
 }

@@ -26,15 +26,16 @@ protected:
         for (const auto& name : commands_) plugin.deregisterCommand(MString(name.c_str()));
     }
 
-    MStatus registerNode(const char* name, unsigned int id, MCreatorFunction creator, MInitializeFunction init,
-                         MPxNode::Type kind = MPxNode::kDependNode) {
+    MStatus registerNode(const char* name, unsigned int id, MCreatorFunction creator,
+                         MInitializeFunction init, MPxNode::Type kind = MPxNode::kDependNode) {
         MFnPlugin plugin(object_);
         MStatus status = plugin.registerNode(name, MTypeId(id), creator, init, kind);
         if (status) ids_.push_back(id);
         return status;
     }
 
-    MStatus registerCommand(const char* name, MCreatorFunction creator, MCreateSyntaxFunction syntax = nullptr) {
+    MStatus registerCommand(const char* name, MCreatorFunction creator,
+                            MCreateSyntaxFunction syntax = nullptr) {
         MFnPlugin plugin(object_);
         MStatus status = plugin.registerCommand(name, creator, syntax);
         if (status) commands_.push_back(name);
