@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "core/ReturnStatus.h"
 #include "graph/ApiBridge.h"
 
 using mhost::Node;
@@ -11,9 +12,7 @@ using mhost::NodePtr;
 
 namespace {
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
-}
+using mhost::report;
 
 bool isIntermediate(const Node& node) {
     const mhost::Attribute* io = node.type->findAttribute("intermediateObject");

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/FunctionSet.h"
+#include "core/ReturnStatus.h"
 #include "graph/ApiBridge.h"
 #include "graph/DataObject.h"
 #include "graph/NodeCreation.h"
@@ -14,9 +15,7 @@ using mhost::NodePtr;
 
 namespace {
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
-}
+using mhost::report;
 
 // The copy gets no connections: it keeps the values its inputs give now, and the dirty flags of its
 // outputs, so that a mesh's geometry, say, is computed again from those values.

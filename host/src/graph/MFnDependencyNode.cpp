@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "core/FunctionSet.h"
+#include "core/ReturnStatus.h"
 #include "graph/ApiBridge.h"
 #include "graph/NodeCreation.h"
 
@@ -12,9 +13,7 @@ MHOST_DEFINE_MFN(MFnDependencyNode, MFn::kDependencyNode)
 
 namespace {
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
-}
+using mhost::report;
 
 const mhost::Attribute* attributeAt(const mhost::NodeType& type, unsigned int index) {
     // Flattened in declaration order: each attribute followed by its children.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 
+#include "core/ReturnStatus.h"
 #include "graph/ApiBridge.h"
 #include "graph/DataObject.h"
 #include "graph/HandleSlot.h"
@@ -16,8 +17,14 @@ using mhost::PlugValue;
 
 namespace {
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
+using mhost::report;
+
+// The getValue forms: the matching as...() reader's value into `out`, and its status.
+template <class Value, class Reader>
+MStatus readInto(Value& out, Reader read) {
+    MStatus status;
+    out = read(&status);
+    return status;
 }
 
 // Logical indices in use by an array plug: stored elements and connected elements.
@@ -294,44 +301,28 @@ MString MPlug::asString(MStatus* ReturnStatus) const {
 }
 
 MStatus MPlug::getValue(MObject& v) const {
-    MStatus s;
-    v = asMObject(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asMObject(s); });
 }
 MStatus MPlug::getValue(MDataHandle& v) const {
-    MStatus s;
-    v = asMDataHandle(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asMDataHandle(s); });
 }
 MStatus MPlug::getValue(double& v) const {
-    MStatus s;
-    v = asDouble(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asDouble(s); });
 }
 MStatus MPlug::getValue(float& v) const {
-    MStatus s;
-    v = asFloat(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asFloat(s); });
 }
 MStatus MPlug::getValue(int& v) const {
-    MStatus s;
-    v = asInt(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asInt(s); });
 }
 MStatus MPlug::getValue(short& v) const {
-    MStatus s;
-    v = asShort(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asShort(s); });
 }
 MStatus MPlug::getValue(bool& v) const {
-    MStatus s;
-    v = asBool(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asBool(s); });
 }
 MStatus MPlug::getValue(MString& v) const {
-    MStatus s;
-    v = asString(&s);
-    return s;
+    return readInto(v, [this](MStatus* s) { return asString(s); });
 }
 
 // ---- writes

@@ -8,13 +8,12 @@
 #include <limits>
 #include <optional>
 
+#include "core/ReturnStatus.h"
 #include "interaction/ActiveView.h"
 
 namespace {
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
-}
+using mhost::report;
 
 short toShort(double value) {
     const double lowest = std::numeric_limits<short>::min();

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/FunctionSet.h"
+#include "core/ReturnStatus.h"
 #include "interaction/CameraAim.h"
 #include "interaction/CameraNode.h"
 
@@ -15,9 +16,7 @@ namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
-}
+using mhost::report;
 
 bool isFieldOfView(double fov) { return fov > 0 && fov < M_PI; }
 

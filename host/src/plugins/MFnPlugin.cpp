@@ -6,6 +6,7 @@
 
 #include "commands/CommandTable.h"
 #include "commands/PluginCommand.h"
+#include "core/ReturnStatus.h"
 #include "graph/BuiltinNodeTypes.h"
 #include "graph/LocatorAttributes.h"
 #include "graph/Scene.h"
@@ -19,9 +20,7 @@ std::shared_ptr<mhost::PluginRecord> recordOf(const MObject& object) {
     return std::dynamic_pointer_cast<mhost::PluginRecord>(object.hostObject());
 }
 
-void report(MStatus* out, MStatus status) {
-    if (out) *out = status;
-}
+using mhost::report;
 
 // The MFn type, DAG-ness and shape-ness of a plug-in node of the given kind; false for kinds the
 // host does not provide.
