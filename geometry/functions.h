@@ -214,6 +214,9 @@ PolylineList getShadowRows(MStatus& status);
 PolylineList getShadowRows();
 PolylineList getStrokeList(MStatus& status);
 PolylineList getStrokeList();
+// The kept strokes ("strokesNondestruct" split by "sizesNondestruct"); the shadow rows when either
+// array is empty. Sizes that outrun the points give short polylines. No locator: kFailure.
+PolylineList getNondestructStrokes(MStatus& status);
 // Appends the last shadow polyline's size to `outSizes` and its points to `outPoints`.
 // kInvalidParameter when the shadow is empty.
 MStatus lastShadowStroke(MIntArray& outSizes, MPointArray& outPoints);
@@ -292,6 +295,39 @@ MString traceIds(const MIntArray& ids, const MString& label);
 MString tracePoints(const MPointArray& points, const MString& label);
 // Sets `status` to kInvalidParameter and returns it. `text` is dropped: it never reaches the user.
 MStatus failWith(MStatus& status, const MString& text);
+
+// ---------------------------------------------------------------------------------------------
+// Mesh surgery through host commands
+//
+// The builders compose script text and do nothing else; the caller runs it, which keeps the one
+// decision on undo with the caller. Each takes the mesh's full path name at every use.
+
+// "polySplitRing" of the edges `edgeIds` of `path` at `weight`, closed by " ;".
+MString splitRingCommand(const MDagPath& path, const MIntArray& edgeIds, double weight);
+// "polyBridgeEdge" pairing edges1[i] with edges2[i]; no closing semicolon.
+MString bridgeCommand(const MDagPath& path, const MIntArray& edges1, const MIntArray& edges2, int divisions);
+// "polyMergeVertex" of the first two of `vertexIds` at any distance.
+MString mergePairCommand(const MIntArray& vertexIds, const MDagPath& path);
+// Moves ids1[i] and ids2[i] to positions[i], then merges every pair.
+MString fuseBordersCommand(const MDagPath& path, const MIntArray& ids1, const MIntArray& ids2,
+                           const MPointArray& positions);
+// The "kyPatchCmd" text that inserts a patch node called `name` above the mesh at `path`.
+MString patchCommandText(const MString& name, const MDagPath& path);
+// A new empty mesh "kyMeshShape<n>" with the default material, selected; returns its transform's
+// path. A failing step is returned in `status` with an empty path.
+MDagPath createRetopoMesh(MStatus& status);
+// Runs patchCommandText with display and undo off and finds the node into `outNode`;
+// kInvalidParameter when the node does not exist afterwards.
+MStatus applyPatchCommand(const MString& name, const MDagPath& path, MObject& outNode);
+// Takes the patch node `name` out of the history (its input reconnected to its output's
+// destination) and deletes it. kInvalidParameter when there is no such node or nothing to bypass.
+MStatus removePatchNode(const MString& name);
+// Connects the source of `node`'s "inMesh" to the destination of its "outMesh".
+bool bypassNode(const MObject& node);
+// The source plug name of `inName` and the (last) destination plug name of `outName` on `node`.
+// False when either plug is missing or unconnected.
+bool readNeighbourPlugs(MString& outSource, const MObject& node, MString& outDest, const MString& inName,
+                        const MString& outName);
 
 // ---------------------------------------------------------------------------------------------
 // Measures
