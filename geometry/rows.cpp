@@ -97,6 +97,29 @@ PolylineList getStrokeList() {
     return getStrokeList(status);
 }
 
+// An operation with no kept strokes stores its shadow in their place.
+PolylineList getNondestructStrokes(MStatus& status) {
+    status = MS::kSuccess;
+    const MObject locator = findStrakeLocator();
+    if (locator.isNull()) {
+        status = MS::kFailure;
+        return PolylineList();
+    }
+    MIntArray sizes;
+    MPointArray points;
+    const MStatus reads[] = {getIntArrayAttr("sizesNondestruct", locator, sizes),
+                             getPointArrayAttr("strokesNondestruct", locator, points)};
+    for (const MStatus& read : reads) {
+        // An array never written reads as empty, which is no failure here.
+        if (read != MS::kSuccess && read != MS::kInvalidParameter) {
+            status = read;
+            return PolylineList();
+        }
+    }
+    if (sizes.length() == 0 || points.length() == 0) return getShadowRows(status);
+    return splitStrokeSet(points, sizes);
+}
+
 MStatus lastShadowStroke(MIntArray& outSizes, MPointArray& outPoints) {
     MIntArray sizes = locatorIntArray("sizesShadow");
     if (sizes.length() == 0) return MS::kInvalidParameter;

@@ -153,42 +153,57 @@ MStatus kyStrakeToolCmd::changeSpansFromFlags(const MArgDatabase& flags) {
     return MS::kSuccess;
 }
 
-void kyStrakeToolCmd::appendStrokeToLocator(MStatus& status, const MPointArray& points) {
-    if (points.length() == 0) {
-        status = MS::kInvalidParameter;
-        return;
-    }
-    MObject locator = findStrakeLocator();
-    MPointArray strokes;
-    MIntArray sizes;
-    getStrokes(locator, strokes);
-    getSizes(locator, sizes);
-    for (unsigned int i = 0; i < points.length(); ++i) strokes.append(points[i]);
-    sizes.append(static_cast<int>(points.length()));
+// Setters: the context computes a result itself and hands the before and after states over.
 
-    status = setPointArrayAttr("strokes", locator, strokes);
-    if (KY_REPORT_FAILURE(status)) return;
-    status = setIntArrayAttr("sizes", locator, sizes);
-    KY_REPORT_FAILURE(status);
+void kyStrakeToolCmd::setPoints(uint32_t id, const MPointArray& before, const MPointArray& after) {
+    operation = id;
+    pointsAfter = after;
+    pointsBefore = before;
 }
 
-MStatus kyStrakeToolCmd::closeStrokes() {
-    MObject locator = findStrakeLocator();
-    if (locator.isNull()) return MS::kSuccess;
-    MPointArray strokes;
-    MIntArray sizes;
-    getStrokes(locator, strokes);
-    getSizes(locator, sizes);
+void kyStrakeToolCmd::setBevelText(const MString& text) {
+    operation = kBevel;
+    commandText = text;
+}
 
-    unsigned int first = 0;
-    for (unsigned int i = 0; i < sizes.length(); ++i) {
-        const unsigned int size = sizes[i] > 0 ? static_cast<unsigned int>(sizes[i]) : 0;
-        if (size == 0) continue;
-        if (first + size > strokes.length()) break;  // sizes that outrun the points: close what is there
-        strokes[first + size - 1] = strokes[first];
-        first += size;
-    }
-    MStatus status = setPointArrayAttr("strokes", locator, strokes);
-    KY_REPORT_FAILURE(status);
-    return status;
+void kyStrakeToolCmd::setRedrawPatch(const MPointArray& before, const MPointArray& after) {
+    setPoints(kRedrawPatch, before, after);
+}
+
+void kyStrakeToolCmd::setRedrawBoundary(const MPointArray& before, const MPointArray& after) {
+    setPoints(kRedrawBoundary, before, after);
+}
+
+void kyStrakeToolCmd::setRedrawScratch(const MPointArray& before, const MPointArray& after) {
+    setPoints(kRedrawScratch, before, after);
+}
+
+void kyStrakeToolCmd::setTweak(const MPointArray& before, const MPointArray& after) { setPoints(kTweak, before, after); }
+
+// One array of shadow ids serves all three rows.
+void kyStrakeToolCmd::setBrushRelax(const MPointArray& before, const MPointArray& after, const MIntArray& playerIds,
+                                    const MIntArray& shadowIds) {
+    locatorAfter.playerVertices = playerIds;
+    locatorAfter.shadowIndices1 = shadowIds;
+    locatorAfter.shadowIndices2 = shadowIds;
+    locatorAfter.shadowIndices3 = shadowIds;
+    setPoints(kBrushRelax, before, after);
+}
+
+// Both mesh setters make the instance a change of spans; the twist gesture relies on that to
+// journal and undo as one.
+void kyStrakeToolCmd::setMeshBefore(const MeshSnapshot& snapshot) {
+    operation = kChangeSpans;
+    meshBefore = snapshot;
+}
+
+void kyStrakeToolCmd::setMeshAfter(const MeshSnapshot& snapshot) {
+    operation = kChangeSpans;
+    meshAfter = snapshot;
+}
+
+void kyStrakeToolCmd::setRowIds(const MIntArray& a1, const MIntArray& a2, const MIntArray& a3, const MIntArray& a4,
+                                const MIntArray& b1, const MIntArray& b2, const MIntArray& b3, const MIntArray& b4) {
+    rowsBefore = RowIds{a1, a2, a3, a4};
+    rowsAfter = RowIds{b1, b2, b3, b4};
 }

@@ -49,6 +49,11 @@ public:
     // The script form: "-glue", then "-uspan"/"-vspan", then "-close", then "-help"; the first flag
     // set decides. With none of them the command redoes its operation.
     MStatus doIt(const MArgList& args) override;
+    // Write the operation's "before" state back (undo) or its "after" state (redo). Both act on the
+    // mesh selected at the time; redo ends by selecting it again. The table of what each operation
+    // writes is in toolCmdUndo.cpp.
+    MStatus undoIt() override;
+    MStatus redoIt() override;
     // Always true: every instance is filed on the undo queue by finalize.
     bool isUndoable() const override;
     // Files the instance on the undo queue with a journal line of "kyStrakeCmd" and the operation's
@@ -180,7 +185,7 @@ public:
 private:
     MStatus changeSpansFromFlags(const MArgDatabase& flags);
     void setPoints(uint32_t id, const MPointArray& before, const MPointArray& after);
-    MStatus redoAppend(const MDagPath& path);
+    MStatus redoAppend(const MObject& node);
     MStatus writeSnapshotToNode(const MeshSnapshot& snapshot, const MObject& node);
 
     // Kept for the class layout; nothing uses them.

@@ -4,6 +4,7 @@
 // the one asked for back into the scene. Every array is owned by value and starts empty.
 
 #include <maya/MFloatArray.h>
+#include <maya/MStatus.h>
 #include <maya/MIntArray.h>
 #include <maya/MPointArray.h>
 #include <maya/MVectorArray.h>
@@ -29,6 +30,17 @@ struct MeshSnapshot {
     MIntArray polycountUV;
     MIntArray polyconnUV;
 };
+
+class MFnMesh;
+
+// Reads the whole mesh of `mesh` into `out` (which starts empty): points in object space, polygon
+// counts and connects, the current UV set, a normal per polygon-vertex of the active mesh, the
+// assigned UVs and the smooth flag of every edge. Stops at the first failing read and returns it;
+// failures of the UV-set read only when `uvFailuresCount`. O(face-vertices + edges).
+MStatus readMeshSnapshot(const MFnMesh& mesh, MeshSnapshot& out, bool uvFailuresCount);
+// One normal per polygon-vertex of the active mesh, object space, with the polygon and vertex id
+// of each; appended to the outputs polygon by polygon.
+MStatus collectFaceVertexNormals(MVectorArray& normals, MIntArray& faceList, MIntArray& vertexList);
 
 // The locator's bookkeeping of the last patch: player row, strokes, shadow lines and row ids.
 struct LocatorState {

@@ -1,13 +1,10 @@
 // Gesture work that the dispatch already calls but that is not built yet: anchor rows, brushes,
-// slices, freezing, and the patch flows behind releases and keys. Each routine here does nothing
+// slices, freezing, the bridge and merge of borders and the patch rework behind releases and keys. Each routine here does nothing
 // and succeeds (or finds nothing), so that the dispatch around it runs unchanged; each moves to a
 // source of its own when it is written.
 
 #include "tool/kyStrake.h"
 
-MStatus kyStrakeContext::applyStrakePatch() { return MS::kSuccess; }
-MStatus kyStrakeContext::applyBridgeStroke() { return MS::kSuccess; }
-MStatus kyStrakeContext::applyScratch() { return MS::kSuccess; }
 MStatus kyStrakeContext::applyBridge(const MDagPath&) { return MS::kSuccess; }
 MStatus kyStrakeContext::applyMerge(const MDagPath&) { return MS::kSuccess; }
 MStatus kyStrakeContext::redrawFromShadow() { return MS::kSuccess; }

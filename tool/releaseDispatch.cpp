@@ -93,10 +93,10 @@ MStatus kyStrakeContext::releaseSpansChange(kyStrakeToolCmd* cmd) {
     takeSnapshot("undo");
     traceIds(playersAfter, "player undo");
     traceIds(playersBefore, "player redo");
-    // TODO: hand the staged meshes to cmd (setMeshBefore, setMeshAfter), flushRowIds(cmd) and
-    // finalize it, a failing finalize ending the handler with its status, once the tool command
-    // takes mesh states. Until then the change of spans files no undo entry.
-    (void)cmd;
+    cmd->setMeshBefore(meshBeforeSnapshot);
+    cmd->setMeshAfter(meshAfterSnapshot);
+    flushRowIds(cmd);
+    KY_RETURN_ON_FAILURE(cmd->finalize());
     return view.refresh(false, false, false);
 }
 
@@ -157,10 +157,12 @@ MStatus kyStrakeContext::redrawScratchStroke(kyStrakeToolCmd* cmd) {
 
 MStatus kyStrakeContext::releaseTwist(kyStrakeToolCmd* cmd) {
     takeSnapshot("undo");
-    // TODO: cmd->operation = kyStrakeToolCmd::kTwist, then setMeshBefore and setMeshAfter (the
-    // first of which makes it a change of spans again, as intended), flushRowIds(cmd) and
-    // cmd->finalize(), once the tool command takes mesh states.
-    (void)cmd;
+    // setMeshBefore makes the instance a change of spans again: a twist journals and undoes as one.
+    cmd->operation = kyStrakeToolCmd::kTwist;
+    cmd->setMeshBefore(meshBeforeSnapshot);
+    cmd->setMeshAfter(meshAfterSnapshot);
+    flushRowIds(cmd);
+    KY_RETURN_ON_FAILURE(cmd->finalize());
     twisting = false;
     return MS::kSuccess;
 }

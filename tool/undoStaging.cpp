@@ -3,6 +3,7 @@
 // (filled before a gesture acts) and one "undo" slot (filled after it) and hands them over when
 // the command is made. The labels name a slot, not a direction of time.
 
+#include <maya/MFnMesh.h>
 #include <maya/MItGeometry.h>
 
 #include "geometry/errorReporting.h"
@@ -16,9 +17,15 @@ constexpr const char* kyErrorStem = "kyStrake";
 
 }  // namespace
 
+// The mesh is read through the active selection: with nothing selected this is a snapshot of
+// nothing, which the gesture goes on with.
 MStatus kyStrakeContext::takeSnapshot(const MString& label) {
-    // TODO: read the whole retopo mesh into the slot's MeshSnapshot once the face-vertex normal
-    // collection of the mesh snapshot exists; until then only the rows are staged.
+    MeshSnapshot snapshot;
+    const MFnMesh mesh(getActiveMeshPath());
+    MStatus status = readMeshSnapshot(mesh, snapshot, true);
+    if (!status) status.perror("cannot find points to feed");
+    if (label == "redo") meshBeforeSnapshot = snapshot;
+    if (label == "undo") meshAfterSnapshot = snapshot;
     return saveRows(label);
 }
 
@@ -50,7 +57,6 @@ MStatus kyStrakeContext::savePositions() {
     return MS::kSuccess;
 }
 
-void kyStrakeContext::flushRowIds(kyStrakeToolCmd*) {
-    // TODO: cmd->setRowIds(playersBefore, row1Before, row2Before, row3Before, playersAfter,
-    // row1After, row2After, row3After) once the tool command takes rows.
+void kyStrakeContext::flushRowIds(kyStrakeToolCmd* cmd) {
+    cmd->setRowIds(playersBefore, row1Before, row2Before, row3Before, playersAfter, row1After, row2After, row3After);
 }
