@@ -12,6 +12,8 @@
 #include <maya/MString.h>
 
 #include "geometry/errorReporting.h"
+#include "nodes/kyPatchCmd.h"
+#include "nodes/kyPatchNode.h"
 #include "nodes/kyStrakeLocatorNode.h"
 #include "patch/kyStrakeToolCmd.h"
 #include "tool/kyStrakeContextCmd.h"
@@ -36,6 +38,8 @@ const char* const kRequiredApiVersion = "Any";
 
 const char* const kContextCommandName = "kyStrakeContext";
 const char* const kToolCommandName = "kyStrakeCmd";
+const char* const kPatchCommandName = "kyPatchCmd";
+const char* const kPatchNodeName = "kyPatchNode";
 
 MString banner() {
     MString text("\n");
@@ -62,6 +66,13 @@ MStatus initializePlugin(MObject obj) {
                                            kyStrakeToolCmd::creator, kyStrakeToolCmd::newSyntax);
     KY_RETURN_ON_FAILURE(status);
 
+    status = plugin.registerCommand(kPatchCommandName, kyPatchCmd::creator, kyPatchCmd::newSyntax);
+    KY_RETURN_ON_FAILURE(status);
+
+    status = plugin.registerNode(kPatchNodeName, kyPatchNode::id, kyPatchNode::creator,
+                                 kyPatchNode::initialize, MPxNode::kDependNode);
+    KY_RETURN_ON_FAILURE(status);
+
     MGlobal::displayInfo(banner());
     return MS::kSuccess;
 }
@@ -76,6 +87,12 @@ MStatus uninitializePlugin(MObject obj) {
     KY_RETURN_ON_FAILURE(status);
 
     status = plugin.deregisterContextCommand(kContextCommandName, kToolCommandName);
+    KY_RETURN_ON_FAILURE(status);
+
+    status = plugin.deregisterCommand(kPatchCommandName);
+    KY_RETURN_ON_FAILURE(status);
+
+    status = plugin.deregisterNode(kyPatchNode::id);
     KY_RETURN_ON_FAILURE(status);
 
     return MS::kSuccess;

@@ -64,6 +64,10 @@ public:
     static void displayWarning(const MString& theWarning);
     static void displayError(const MString& theError);
 
+    // Deletes a dependency or DAG node (a DAG node with everything below it) and its connections.
+    // kInvalidParameter for a null or deleted node.
+    static MStatus deleteNode(MObject& node);
+
     // Option variables. A read sets *exists and returns the value converted to the requested type
     // (a missing variable reads as 0, 0.0 or ""). A set replaces the value whatever its earlier type
     // and returns false only for an empty name.
