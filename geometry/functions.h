@@ -49,6 +49,9 @@ public:
 // ends (by the same formula, so up to rounding). Linear: corners that fall between samples are
 // cut. Fewer than two input points come back unchanged whatever `count` is. O(n * count).
 MPointArray resamplePolyline(const MPointArray& points, int count);
+// The entry the patch operations resample through: resamplePolyline with `count` (a number of
+// points, so s spans take s + 1) raised to at least 2.
+MPointArray resampleStroke(const MPointArray& points, int count);
 
 // ---------------------------------------------------------------------------------------------
 // Finding things in the scene

@@ -102,3 +102,7 @@ MPointArray resamplePolyline(const MPointArray& points, int count) {
     }
     return result;
 }
+
+MPointArray resampleStroke(const MPointArray& points, int count) {
+    return resamplePolyline(points, count < 2 ? 2 : count);
+}
