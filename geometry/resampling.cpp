@@ -103,4 +103,6 @@ MPointArray resamplePolyline(const MPointArray& points, int count) {
     return result;
 }
 
-MPointArray resampleStroke(const MPointArray& points, int count) { return resamplePolyline(points, count < 2 ? 2 : count); }
+MPointArray resampleStroke(const MPointArray& points, int count) {
+    return resamplePolyline(points, count < 2 ? 2 : count);
+}

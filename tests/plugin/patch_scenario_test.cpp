@@ -5,15 +5,15 @@
 
 #include <maya/MFnMesh.h>
 
-#include "tests/plugin/patchScene.h"
+#include "tests/plugin/patchFlowScene.h"
 
 namespace kytest {
 namespace {
 
-class PatchScenario : public PatchScene, public ::testing::WithParamInterface<bool> {
+class PatchScenario : public PatchFlowScene, public ::testing::WithParamInterface<bool> {
 protected:
     void SetUp() override {
-        PatchScene::SetUp();
+        PatchFlowScene::SetUp();
         makePatchScene(GetParam());
     }
 

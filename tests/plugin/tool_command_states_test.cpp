@@ -5,7 +5,7 @@
 #include <maya/MFnMesh.h>
 
 #include "patch/kyStrakeToolCmd.h"
-#include "tests/plugin/patchScene.h"
+#include "tests/plugin/patchFlowScene.h"
 
 namespace kytest {
 namespace {
@@ -23,10 +23,10 @@ TEST(LastStrakeIndices, FollowThePointMergeNumbering) {
     EXPECT_TRUE(asVector(kyStrakeToolCmd::lastStrakeIndices(0, 3, 10)).empty());
 }
 
-class ToolCommandStates : public PatchScene {
+class ToolCommandStates : public PatchFlowScene {
 protected:
     void SetUp() override {
-        PatchScene::SetUp();
+        PatchFlowScene::SetUp();
         locator = makeLocator();
     }
     kyStrakeToolCmd cmd;
