@@ -127,6 +127,20 @@ TEST_F(MeshApiHistory, DuplicateCopiesTheGeometryAndNotTheConnections) {
     EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(0, 0, 0)));
 }
 
+TEST_F(MeshApiHistory, DuplicatingAShapeGivesItATransformOfItsOwn) {
+    ASSERT_TRUE(runCommand("setAttr src.translate 0 5 0"));
+    MStatus status;
+    MObject copy = MFnDagNode(src).duplicate(false, false, &status);
+    ASSERT_TRUE(status);
+    MFnDagNode transform(copy);
+    EXPECT_EQ(transform.typeName(), "transform");
+    ASSERT_EQ(transform.childCount(), 1u);
+    MDagPath copyShape;
+    ASSERT_TRUE(MDagPath::getAPathTo(transform.child(0), copyShape));
+    EXPECT_TRUE(pointOf(copyShape, 6, MSpace::kWorld).isEquivalent(pointOf(src, 6, MSpace::kWorld)));
+    EXPECT_EQ(MFnDagNode(src.transform()).childCount(), 1u) << "the original keeps its one shape";
+}
+
 TEST_F(MeshApiHistory, WorldMeshCarriesTheWorldMatrixAndBoundsStayInObjectSpace) {
     ASSERT_TRUE(runCommand("setAttr src.translate 0 5 0"));
     MPlug world = plugOf(src, "worldMesh").elementByLogicalIndex(0);

@@ -5,6 +5,7 @@
 
 #include <maya/MFnMesh.h>
 
+#include "patch/kyStrakeToolCmd.h"
 #include "tests/plugin/patchFlowScene.h"
 
 namespace kytest {
