@@ -24,6 +24,12 @@ MPoint pointOf(const MObject& meshData, int vertex) {
     return p;
 }
 
+std::string commandResult(const std::string& command) {
+    std::string result;
+    runCommand(command, &result);
+    return result;
+}
+
 MPlug plugOf(const MDagPath& shape, const char* attribute) {
     return MFnDependencyNode(shape.node()).findPlug(attribute, false);
 }
@@ -60,6 +66,29 @@ TEST_F(MeshApiHistory, PolyTweakAddsItsOffsetsBetweenTwoShapes) {
     EXPECT_TRUE(pointOf(dst, 4).isEquivalent(MPoint(0, 0, 1)));
     ASSERT_TRUE(runCommand("setAttr tweaks.tk[3].tz 2"));
     EXPECT_TRUE(pointOf(dst, 3).isEquivalent(MPoint(1, 1, 2)));
+}
+
+TEST_F(MeshApiHistory, DeletingAnObjectTakesTheHistoryThatFeedsOnlyIt) {
+    ASSERT_TRUE(
+        runCommand("createNode polyTweak -n only; createNode polyTweak -n shared;"
+                   "connectAttr srcShape.outMesh shared.inputPolymesh; connectAttr shared.output only.inputPolymesh;"
+                   "connectAttr only.output dstShape.inMesh"));
+    ASSERT_TRUE(runCommand("delete dst"));
+    EXPECT_EQ("0", commandResult("objExists only"));
+    EXPECT_EQ("0", commandResult("objExists shared"));
+    EXPECT_EQ("1", commandResult("objExists srcShape")) << "DAG nodes upstream are other objects";
+    ASSERT_TRUE(runCommand("undo"));
+    EXPECT_EQ("1", commandResult("objExists only"));
+    EXPECT_EQ("1", commandResult("objExists shared"));
+}
+
+TEST_F(MeshApiHistory, HistoryThatFeedsAnotherObjectSurvivesTheDelete) {
+    ASSERT_TRUE(
+        runCommand("createNode polyTweak -n shared; createNode transform -n other; createNode mesh -n otherShape -p other;"
+                   "connectAttr srcShape.outMesh shared.inputPolymesh; connectAttr shared.output dstShape.inMesh;"
+                   "connectAttr shared.output otherShape.inMesh"));
+    ASSERT_TRUE(runCommand("delete dst"));
+    EXPECT_EQ("1", commandResult("objExists shared"));
 }
 
 TEST_F(MeshApiHistory, EditsOnAShapeWithHistoryLastUntilTheHistoryEvaluatesAgain) {

@@ -36,8 +36,8 @@ MStatus UndoQueue::replay(Entry& entry, bool undoing) {
 
 MStatus UndoQueue::undo() {
     if (!canUndo()) return MS::kFailure;
+    // A failing undoIt has still done what it could: the queue moves on and the failure is returned.
     MStatus status = replay(fEntries[fDone - 1], true);
-    if (!status) return status;
     --fDone;
     notifyEvent("Undo");
     return status;
@@ -46,7 +46,6 @@ MStatus UndoQueue::undo() {
 MStatus UndoQueue::redo() {
     if (!canRedo()) return MS::kFailure;
     MStatus status = replay(fEntries[fDone], false);
-    if (!status) return status;
     ++fDone;
     notifyEvent("Redo");
     return status;

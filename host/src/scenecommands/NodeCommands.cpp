@@ -92,8 +92,9 @@ public:
     }
 };
 
-// delete removes nodes; with -constructionHistory it bakes the named nodes' inputs into their own
-// values and deletes the history nodes upstream of them.
+// delete removes nodes, and with a DAG node the history nodes upstream of it that feed nothing else;
+// with -constructionHistory it bakes the named nodes' inputs into their own values and deletes the
+// history nodes upstream of them.
 class DeleteCommand : public ModifierCommand<DeleteCommand> {
 public:
     static MSyntax makeSyntax() {
@@ -111,7 +112,7 @@ public:
             if (flags().isFlagSet("-ch"))
                 bakeHistory(node);
             else
-                modifier_.deleteNode(wrapNode(node));
+                deleteWithHistory(node);
         }
         return redoIt();
     }
@@ -146,6 +147,42 @@ private:
         baked_.push_back(baked);
         for (const auto& candidate : scene().nodes())
             if (upstream.count(candidate.get())) modifier_.deleteNode(wrapNode(candidate));
+    }
+
+    // An object goes with its construction history: the non-DAG nodes upstream of it and of its
+    // descendants that feed nothing outside what is deleted.
+    void deleteWithHistory(const NodePtr& node) {
+        modifier_.deleteNode(wrapNode(node));
+        if (!node->type->isDag) return;
+        std::set<Node*> doomed;
+        collectSubtree(node.get(), doomed);
+        std::set<Node*> history;
+        for (Node* member : doomed)
+            for (const auto& c : scene().connectionsOf(*member))
+                if (c.destination.node.get() == member) collectHistory(c.source.node, history);
+        doomed.insert(history.begin(), history.end());
+        // A history node that feeds a survivor survives, and so then does its own history.
+        for (bool changed = true; changed;) {
+            changed = false;
+            for (Node* candidate : history) {
+                if (!doomed.count(candidate) || !feedsOutside(*candidate, doomed)) continue;
+                doomed.erase(candidate);
+                changed = true;
+            }
+        }
+        for (const auto& candidate : scene().nodes())
+            if (history.count(candidate.get()) && doomed.count(candidate.get())) modifier_.deleteNode(wrapNode(candidate));
+    }
+
+    static void collectSubtree(Node* node, std::set<Node*>& found) {
+        found.insert(node);
+        for (const auto& child : node->children) collectSubtree(child.get(), found);
+    }
+
+    static bool feedsOutside(const Node& node, const std::set<Node*>& doomed) {
+        for (const auto& c : scene().connectionsOf(node))
+            if (c.source.node.get() == &node && !doomed.count(c.destination.node.get())) return true;
+        return false;
     }
 
     // Non-DAG nodes upstream of `node` (itself included), following incoming connections.
