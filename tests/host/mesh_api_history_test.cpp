@@ -3,6 +3,7 @@
 
 #include <maya/MDataHandle.h>
 #include <maya/MFnGeometryData.h>
+#include <maya/MGlobal.h>
 #include <maya/MMatrix.h>
 #include <maya/MPlug.h>
 
@@ -156,18 +157,43 @@ TEST_F(MeshApiHistory, DuplicateCopiesTheGeometryAndNotTheConnections) {
     EXPECT_TRUE(pointOf(dst, 0).isEquivalent(MPoint(0, 0, 0)));
 }
 
-TEST_F(MeshApiHistory, DuplicatingAShapeGivesItATransformOfItsOwn) {
-    ASSERT_TRUE(runCommand("setAttr src.translate 0 5 0"));
+TEST_F(MeshApiHistory, DuplicatingAShapeMakesACopyOfItsTransformHoldingTheCopy) {
+    ASSERT_TRUE(runCommand("setAttr src.translate 0 5 0; createNode transform -n extra -p src"));
     MStatus status;
     MObject copy = MFnDagNode(src).duplicate(false, false, &status);
     ASSERT_TRUE(status);
     MFnDagNode transform(copy);
-    EXPECT_EQ(transform.typeName(), "transform");
-    ASSERT_EQ(transform.childCount(), 1u);
+    EXPECT_EQ(MString("transform"), transform.typeName());
+    EXPECT_EQ(MString("src1"), transform.name());
+    ASSERT_EQ(1u, transform.childCount()) << "the transform's other children are not copied";
     MDagPath copyShape;
     ASSERT_TRUE(MDagPath::getAPathTo(transform.child(0), copyShape));
-    EXPECT_TRUE(pointOf(copyShape, 6, MSpace::kWorld).isEquivalent(pointOf(src, 6, MSpace::kWorld)));
-    EXPECT_EQ(MFnDagNode(src.transform()).childCount(), 1u) << "the original keeps its one shape";
+    EXPECT_EQ(MString("|src1|srcShape1"), copyShape.fullPathName());
+    EXPECT_TRUE(pointOf(copyShape, 7, MSpace::kWorld).isEquivalent(MPoint(1, 6, 1)));
+    EXPECT_EQ(2u, MFnDagNode(pathTo("src")).childCount()) << "the original keeps its shape and child";
+}
+
+TEST_F(MeshApiHistory, DeletingHistoryTakesAnIntermediateShapeUpstreamWithIt) {
+    ASSERT_TRUE(runCommand(
+        "createNode mesh -n origShape -p dst; connectAttr srcShape.outMesh origShape.inMesh;"
+        "setAttr origShape.intermediateObject true; createNode polyTweak -n tweaks;"
+        "connectAttr origShape.outMesh tweaks.inputPolymesh; connectAttr tweaks.output dstShape.inMesh;"
+        "delete -ch dstShape"));
+    std::string exists;
+    ASSERT_TRUE(runCommand("objExists origShape", &exists));
+    EXPECT_EQ("0", exists);
+    ASSERT_TRUE(runCommand("objExists srcShape", &exists));
+    EXPECT_EQ("1", exists) << "a visible shape upstream stays";
+    EXPECT_EQ(8, MFnMesh(dst).numVertices());
+}
+
+TEST_F(MeshApiHistory, GlobalDeleteNodeRemovesANodeWithItsChildren) {
+    MObject transform = pathTo("src").node();
+    ASSERT_TRUE(MGlobal::deleteNode(transform));
+    std::string exists;
+    ASSERT_TRUE(runCommand("objExists srcShape", &exists));
+    EXPECT_EQ("0", exists);
+    EXPECT_EQ(MS::kInvalidParameter, MGlobal::deleteNode(transform).statusCode());
 }
 
 TEST_F(MeshApiHistory, WorldMeshCarriesTheWorldMatrixAndBoundsStayInObjectSpace) {

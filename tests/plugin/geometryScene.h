@@ -1,7 +1,6 @@
 #pragma once
 // Scenes for the geometry library's tests: the kyStrake module loaded as Maya loads it, a real
-// locator, grid meshes built through MFnMesh, and patch nodes. Until the module registers its own
-// "kyPatchNode", a stand-in type of that name with an `outMesh` is registered in-process.
+// locator, grid meshes built through MFnMesh, and patch nodes.
 
 #include <gtest/gtest.h>
 #include <maya/MDagPath.h>
@@ -37,16 +36,6 @@ inline std::vector<int> values(const MIntArray& array) {
     return result;
 }
 
-// A node that stands for the patch node: it only has to carry the type name and a mesh output.
-class PatchStandIn : public MPxNode {
-public:
-    static void* creator() { return new PatchStandIn; }
-    static MStatus initialize() {
-        MFnTypedAttribute typed;
-        return addAttribute(typed.create("outMesh", "out", MFnData::kMesh));
-    }
-};
-
 // A node of the tests' own with an id array that starts out never written.
 class ProbeNode : public MPxNode {
 public:
@@ -71,7 +60,6 @@ class GeometryScene : public PluginScene {
 protected:
     void SetUp() override {
         PluginScene::SetUp();
-        registerTestType("kyPatchNode", 0x7ff26, PatchStandIn::creator, PatchStandIn::initialize);
         registerTestType("geometryProbe", 0x7ff27, ProbeNode::creator, ProbeNode::initialize);
     }
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -26,6 +27,8 @@ const char* const kErrorLine = "\nAPI error detected in pluginMain at line ";
 bool locatorRegistered() { return mhost::nodeTypes().findById(0x80025) != nullptr; }
 bool contextRegistered() { return mhost::contextCommands().find("kyStrakeContext") != nullptr; }
 bool toolCommandRegistered() { return mhost::commandTable().contains("kyStrakeCmd"); }
+bool patchCommandRegistered() { return mhost::commandTable().contains("kyPatchCmd"); }
+bool patchNodeRegistered() { return mhost::nodeTypes().findById(0x80026) != nullptr; }
 
 bool isBanner(const driver::Message& message) {
     const std::string& text = message.text;
@@ -46,7 +49,7 @@ protected:
     void TearDown() override { driver::resetScene(); }
 };
 
-TEST_F(Registration, LoadRegistersTheLocatorAndTheToolThenShowsTheBanner) {
+TEST_F(Registration, LoadRegistersTheNodesAndCommandsThenShowsTheBanner) {
     int banners = 0;
     std::string banner;
     bool registeredBeforeBanner = false;
@@ -54,7 +57,8 @@ TEST_F(Registration, LoadRegistersTheLocatorAndTheToolThenShowsTheBanner) {
         if (!isBanner(message)) return;
         ++banners;
         banner = message.text;
-        registeredBeforeBanner = locatorRegistered() && contextRegistered() && toolCommandRegistered();
+        registeredBeforeBanner = locatorRegistered() && contextRegistered() && toolCommandRegistered() &&
+                                 patchCommandRegistered() && patchNodeRegistered();
     });
     std::string error;
     const MStatus status = driver::loadPlugin(KY_PLUGIN_MODULE_PATH, &error);
@@ -70,6 +74,7 @@ TEST_F(Registration, LoadRegistersTheLocatorAndTheToolThenShowsTheBanner) {
     EXPECT_EQ(7, std::count(banner.begin(), banner.end(), '\n'));
     EXPECT_EQ("kyStrake", mhost::nodeTypes().findById(0x80025)->name);
     EXPECT_EQ("kyStrakeCmd", mhost::contextCommands().find("kyStrakeContext")->toolCommandName);
+    EXPECT_EQ("kyPatchNode", mhost::nodeTypes().findById(0x80026)->name);
 }
 
 TEST_F(Registration, ModuleExportsTheApiVersionText) {
@@ -106,12 +111,33 @@ TEST_F(Registration, UnloadWithALocatorInTheSceneStopsAtTheNodeType) {
     EXPECT_TRUE(locatorRegistered());
     EXPECT_TRUE(contextRegistered());
     EXPECT_TRUE(toolCommandRegistered());
+    EXPECT_TRUE(patchCommandRegistered());
+    EXPECT_TRUE(patchNodeRegistered());
 
     driver::resetScene();
     EXPECT_TRUE(driver::unloadPlugin(kPluginName));
     EXPECT_FALSE(locatorRegistered());
     EXPECT_FALSE(contextRegistered());
     EXPECT_FALSE(toolCommandRegistered());
+    EXPECT_FALSE(patchCommandRegistered());
+    EXPECT_FALSE(patchNodeRegistered());
+}
+
+// The patch node type goes after the context and the patch command: a patch node in the scene stops
+// the sequence there, with those already gone. Since a second unload then fails at once on the
+// missing locator type, the plug-in cannot be unloaded again, so the scenario runs in a child process.
+TEST_F(Registration, UnloadWithAPatchNodeInTheSceneStopsAtThePatchNodeType) {
+    ASSERT_TRUE(driver::loadPlugin(KY_PLUGIN_MODULE_PATH));
+    ASSERT_TRUE(driver::runCommand("createNode kyPatchNode"));
+    auto scenario = [] {
+        const bool unloaded = driver::unloadPlugin(kPluginName);
+        const bool stoppedAtPatchNode = !locatorRegistered() && !contextRegistered() &&
+                                        !patchCommandRegistered() && patchNodeRegistered();
+        driver::resetScene();
+        const bool secondUnload = driver::unloadPlugin(kPluginName);
+        std::exit(!unloaded && stoppedAtPatchNode && !secondUnload ? 0 : 1);
+    };
+    EXPECT_EXIT(scenario(), ::testing::ExitedWithCode(0), "API error detected in pluginMain at line ");
 }
 
 // A second copy of the module under another file name loads as another plug-in, whose first

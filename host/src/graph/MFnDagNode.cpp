@@ -19,22 +19,33 @@ using mhost::report;
 
 // The copy gets no connections: it keeps the values its inputs give now, and the dirty flags of its
 // outputs, so that a mesh's geometry, say, is computed again from those values.
-// A copy of `original` alone under `parent`: its inputs pulled first, then its plug values.
-NodePtr copyNode(const mhost::Node& original, mhost::Node* parent) {
-    for (const auto& c : mhost::scene().connectionsOf(original))
-        if (c.destination.node.get() == &original) mhost::scene().evaluate(c.destination);
-    NodePtr copy = mhost::scene().createNode(original.type, original.name, parent);
-    copy->values = original.values;
-    copy->dirty = original.dirty;
+// The node alone, without its children.
+NodePtr copyNode(const NodePtr& original, mhost::Node* parent) {
+    for (const auto& c : mhost::scene().connectionsOf(*original))
+        if (c.destination.node == original) mhost::scene().evaluate(c.destination);
+    NodePtr copy = mhost::scene().createNode(original->type, original->name, parent);
+    copy->values = original->values;
+    copy->dirty = original->dirty;
     for (auto& [key, value] : copy->values)
         if (auto data = mhost::dataOf(value.data)) value.data = mhost::wrapData(data->clone());
     return copy;
 }
 
 NodePtr copySubtree(const NodePtr& original, mhost::Node* parent) {
-    NodePtr copy = copyNode(*original, parent);
+    NodePtr copy = copyNode(original, parent);
     for (const auto& child : original->children) copySubtree(child, copy.get());
     return copy;
+}
+
+// As Maya duplicates a shape on its own: a copy of its transform (without the transform's other
+// children) holding a copy of the shape. Returns the new transform.
+NodePtr copyShapeWithTransform(const NodePtr& shape) {
+    NodePtr parent = shape->parent ? shape->parent->self() : NodePtr();
+    NodePtr transform = parent
+                            ? copyNode(parent, parent->parent)
+                            : mhost::scene().createNode(mhost::nodeTypes().find("transform"), "transform1");
+    copySubtree(shape, transform.get());
+    return transform;
 }
 
 }  // namespace
@@ -161,14 +172,8 @@ bool MFnDagNode::isInstanced(bool, MStatus* ReturnStatus) const {
 MObject MFnDagNode::duplicate(bool, bool, MStatus* ReturnStatus) const {
     MHOST_DAG_OR_RETURN(MObject());
     try {
-        // A shape is copied under a new transform of its own, a copy of its parent without the
-        // parent's other children, and the transform is what comes back.
-        if (node->type->isShape && node->parent) {
-            NodePtr transform = copyNode(*node->parent, node->parent->parent);
-            copySubtree(node, transform.get());
-            return mhost::wrapNode(transform);
-        }
-        return mhost::wrapNode(copySubtree(node, node->parent));
+        return mhost::wrapNode(node->type->isShape ? copyShapeWithTransform(node)
+                                                   : copySubtree(node, node->parent));
     } catch (const std::exception&) {
         report(ReturnStatus, MS::kFailure);
         return MObject();

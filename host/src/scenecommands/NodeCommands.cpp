@@ -185,11 +185,17 @@ private:
         return false;
     }
 
-    // Non-DAG nodes upstream of `node` (itself included), following incoming connections.
+    // History nodes upstream of `node` (itself included), following incoming connections: non-DAG
+    // nodes and intermediate shapes (an "Orig" shape that fed the history), as Maya deletes them too.
     static void collectHistory(const NodePtr& node, std::set<Node*>& found) {
-        if (node->type->isDag || !found.insert(node.get()).second) return;
+        if ((node->type->isDag && !isIntermediateShape(*node)) || !found.insert(node.get()).second) return;
         for (const auto& c : scene().connectionsOf(*node))
             if (c.destination.node == node) collectHistory(c.source.node, found);
+    }
+
+    static bool isIntermediateShape(const Node& node) {
+        const Attribute* flag = node.type->findAttribute("intermediateObject");
+        return node.type->isShape && flag && node.storedValue({flag, -1}).numbers[0] != 0;
     }
 
     void applyBakedValues(bool after) {
