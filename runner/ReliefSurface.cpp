@@ -22,23 +22,24 @@ double smoothStep(double from, double to, double value) {
 // descends, fading into the brow above and ending in a rounded tip.
 double nose(double x, double y) {
     const double t = smoothStep(1.3, -1.1, y);
-    const double width = 0.3 + 0.25 * t;
+    const double width = 0.3 + 0.4 * t;
     const double above = y > 1.3 ? std::exp(-std::pow((y - 1.3) / 0.5, 2)) : 1.0;
-    const double below = y < -1.0 ? std::exp(-std::pow((y + 1.0) / 0.3, 2)) : 1.0;
-    return (0.2 + 0.9 * t * t) * std::exp(-std::pow(x / width, 2)) * above * below;
+    const double below = y < -1.0 ? std::exp(-std::pow((y + 1.0) / 0.6, 2)) : 1.0;
+    return (0.2 + 0.85 * t * t) * std::exp(-std::pow(x / width, 2)) * above * below;
 }
 
 }  // namespace
 
-// Every feature is a sum of smooth bumps whose slopes stay gentle (below 2), so a ray from the front
-// meets the surface once: the relief has no overhangs.
+// Every feature is a smooth bump, and the slopes stay below 2.2, under the 2.4 at which a ray 22.5
+// degrees off the view axis (the edge of a 45-degree view) could leave the surface again after
+// entering it: a ray from the front camera meets the relief once, with no overhangs.
 double reliefHeight(double x, double y) {
     const double head = 2.6 * bump(x, y, 0, 0.3, 3.6, 5.0);
     const double brows = 0.45 * (bump(x, y, -1.5, 1.85, 1.2, 0.45) + bump(x, y, 1.5, 1.85, 1.2, 0.45));
     const double sockets = -0.55 * (bump(x, y, -1.5, 1.0, 0.75, 0.5) + bump(x, y, 1.5, 1.0, 0.75, 0.5));
     const double eyes = 0.22 * (bump(x, y, -1.5, 1.0, 0.4, 0.28) + bump(x, y, 1.5, 1.0, 0.4, 0.28));
     const double cheeks = 0.55 * (bump(x, y, -2.0, -0.5, 1.2, 1.0) + bump(x, y, 2.0, -0.5, 1.2, 1.0));
-    const double nostrils = 0.22 * (bump(x, y, -0.45, -1.0, 0.25, 0.22) + bump(x, y, 0.45, -1.0, 0.25, 0.22));
+    const double nostrils = 0.22 * (bump(x, y, -0.45, -1.0, 0.3, 0.3) + bump(x, y, 0.45, -1.0, 0.3, 0.3));
     const double lips = 0.3 * bump(x, y, 0, -2.15, 1.0, 0.22) + 0.28 * bump(x, y, 0, -2.6, 0.85, 0.22) -
                         0.1 * bump(x, y, 0, -2.38, 0.9, 0.09);
     const double chin = 0.45 * bump(x, y, 0, -3.6, 1.0, 0.6);
