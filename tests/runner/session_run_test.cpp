@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 
 #include "runner/DemoSession.h"
@@ -77,15 +78,13 @@ protected:
     static void SetUpTestSuite() {
         Session session = demoSession();
         session.source.triangles = 30000;
-        summary_ = new RunSummary(run(session, "demo"));
+        summary_ = std::make_unique<RunSummary>(run(session, "demo"));
     }
-    static void TearDownTestSuite() {
-        delete summary_;
-        summary_ = nullptr;
-    }
-    static RunSummary* summary_;
+    static void TearDownTestSuite() { summary_.reset(); }
+    void SetUp() override { ASSERT_TRUE(summary_) << "the demo run did not finish"; }
+
+    static inline std::unique_ptr<RunSummary> summary_;
 };
-RunSummary* DemoRun::summary_ = nullptr;
 
 TEST_F(DemoRun, CommitsItsStrokesAndWritesItsFrames) {
     const RunSummary& summary = *summary_;
