@@ -5,22 +5,21 @@
 namespace kystrake {
 namespace {
 
-const char* const kContext = "kyStrakeContext1";
-
-std::vector<Pixel> wavyLine(Pixel from, Pixel to, int points, double amplitude) {
+// A hand-drawn stroke from `from` to `to` in `points` drag events, bowed `sag` pixels downwards in
+// its middle as a stroke that follows the brow's curve is.
+std::vector<Pixel> bowedLine(Pixel from, Pixel to, int points, double sag) {
     std::vector<Pixel> path;
     for (int i = 1; i <= points; ++i) {
         const double t = double(i) / points;
-        const double sway = amplitude * std::sin(t * 2 * M_PI);
-        path.push_back({int(from[0] + t * (to[0] - from[0]) + sway), int(from[1] + t * (to[1] - from[1]))});
+        const double bow = sag * std::sin(t * M_PI);
+        path.push_back({int(std::lround(from[0] + t * (to[0] - from[0]))),
+                        int(std::lround(from[1] + t * (to[1] - from[1]) - bow))});
     }
     return path;
 }
 
-std::vector<Pixel> straightLine(Pixel from, Pixel to, int points) { return wavyLine(from, to, points, 0.0); }
-
-// One left-button stroke: press at the first pixel, drag along the rest, release at the last. With a
-// frame name, the picture is taken halfway through the drag, showing the stroke under way.
+// One left-button stroke: press at `from`, drag along the path, release at its end. With a frame
+// name, the picture is taken halfway through the drag, showing the stroke under way.
 void stroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path,
             const std::string& frame = "") {
     steps.push_back(Press{from, MouseButton::kLeft, {}});
@@ -35,48 +34,29 @@ void stroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path
     steps.push_back(Release{path.back(), MouseButton::kLeft, {}});
 }
 
-void figure(std::vector<Step>& steps, int number) {
-    steps.push_back(Command{"kyStrakeContext -e -figure " + std::to_string(number) + " " + kContext});
-}
-
 }  // namespace
 
 Session demoSession() {
     Session session;
-    session.source.procedural = "limb";
+    session.source.procedural = "relief";
     session.source.triangles = 240000;
     session.viewWidth = 960;
     session.viewHeight = 640;
     auto& steps = session.steps;
-    steps.push_back(SetOptionVar{"ky_uspan", 8});
+    // Ten quads along each stroke and six across the band.
+    steps.push_back(SetOptionVar{"ky_uspan", 10});
     steps.push_back(SetOptionVar{"ky_vspan", 6});
-    steps.push_back(Frame{"start"});
 
-    // Freehand with glue and the lazy filter: a wavy stroke down the front of the limb.
-    steps.push_back(SetOptionVar{"ky_glue", 1});
-    steps.push_back(SetOptionVar{"ky_lazyActive", 1});
-    steps.push_back(SetOptionVar{"ky_lazyDistance", 1});
-    steps.push_back(SetOptionVar{"ky_lazyStrength", 2});
-    stroke(steps, {450, 470}, wavyLine({450, 470}, {455, 190}, 60, 12.0), "freehand");
-    steps.push_back(SetOptionVar{"ky_glue", 0});
-    steps.push_back(SetOptionVar{"ky_lazyActive", 0});
+    // Three strokes across the forehead, left to right, each following the brow's gentle curve;
+    // the frame halfway through the second shows it under way.
+    stroke(steps, {380, 522}, bowedLine({380, 522}, {580, 522}, 40, 6.0));
+    stroke(steps, {378, 477}, bowedLine({378, 477}, {582, 477}, 40, 8.0), "drawing");
+    stroke(steps, {376, 432}, bowedLine({376, 432}, {584, 432}, 40, 10.0));
+    steps.push_back(Frame{"strokes"});
 
-    // A straight line beside it.
-    figure(steps, 1);
-    stroke(steps, {505, 470}, straightLine({505, 470}, {510, 190}, 30), "line");
-
-    // A rectangle and a circle.
-    figure(steps, 2);
-    stroke(steps, {440, 420}, straightLine({440, 420}, {520, 360}, 20), "rectangle");
-    figure(steps, 3);
-    stroke(steps, {480, 280}, straightLine({480, 280}, {515, 250}, 20), "circle");
-    figure(steps, 0);
-
-    // The pointer resting over the limb shows the cursor feedback; ESC clears the strokes.
-    steps.push_back(PointerMove{{480, 320}});
-    steps.push_back(Frame{"hover"});
-    steps.push_back(Key{Key::Name::kEscape});
-    steps.push_back(Frame{"cleared"});
+    // ENTER builds the first patch from the strokes.
+    steps.push_back(Key{Key::Name::kEnter});
+    steps.push_back(Frame{"patch"});
     return session;
 }
 

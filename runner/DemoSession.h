@@ -1,6 +1,7 @@
 #pragma once
-// The built-in demo: a dense limb (over 200,000 triangles) and a session that draws the four stroke
-// figures — freehand with glue and the lazy filter, line, rectangle and circle — capturing frames.
+// The built-in demo: a dense face relief (over 200,000 triangles) and the session an artist starts a
+// retopology with: three roughly parallel strokes across the forehead, then ENTER for the first
+// patch, with frames halfway through a stroke, after the strokes and after ENTER.
 
 #include "runner/Session.h"
 

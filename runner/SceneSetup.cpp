@@ -58,6 +58,9 @@ CameraPlacement framingCamera(const PolygonMesh& source) {
 }
 
 SceneNames setUpScene(const Session& session, const PolygonMesh& source, const std::string& pluginPath) {
+    // Tool contexts outlive scene resets: one left by an earlier run in this process goes first, while
+    // its scene is still there for its clean-up, so each run starts with a fresh tool.
+    mhost::driver::deleteToolContext(kContextName);
     mhost::driver::resetScene();
     std::string error;
     if (!mhost::driver::loadPlugin(pluginPath, &error) && error.find("already loaded") == std::string::npos)

@@ -1,5 +1,6 @@
 #include "runner/Session.h"
 
+#include <algorithm>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -170,9 +171,10 @@ SourceMesh source(const json& value) {
     if (value.contains("obj")) mesh.objPath = text(value["obj"], where, "source.obj");
     if (value.contains("procedural")) {
         mesh.procedural = text(value["procedural"], where, "source.procedural");
-        if (mesh.procedural != "limb" && mesh.procedural != "sphere" && mesh.procedural != "torus" &&
-            mesh.procedural != "plane")
-            where.fail("source.procedural", "must be \"limb\", \"sphere\", \"torus\" or \"plane\"");
+        const char* const kinds[] = {"limb", "relief", "sphere", "torus", "plane"};
+        if (std::find(std::begin(kinds), std::end(kinds), mesh.procedural) == std::end(kinds))
+            where.fail("source.procedural",
+                       "must be \"limb\", \"relief\", \"sphere\", \"torus\" or \"plane\"");
     }
     if (value.contains("triangles")) {
         mesh.triangles = wholeNumber(value["triangles"], where, "source.triangles");

@@ -79,7 +79,7 @@ using Step = std::variant<Press, Drag, Release, PointerMove, Key, Command, SetOp
 // Where the dense source mesh comes from: an OBJ file, or a built-in procedural mesh.
 struct SourceMesh {
     std::string objPath;              // empty for a procedural mesh
-    std::string procedural = "limb";  // "limb", "sphere", "torus" or "plane"
+    std::string procedural = "limb";  // "limb", "relief", "sphere", "torus" or "plane"
     int triangles = 200000;           // approximate density of a procedural mesh
 };
 

@@ -27,8 +27,8 @@ driver::Modifiers hostModifiers(Modifiers m) { return {m.shift, m.ctrl}; }
 // One step's work; returns the status of the host call it made.
 class StepRunner {
 public:
-    StepRunner(const std::string& outDir, PlaybackResult& result, int index)
-        : outDir_(outDir), result_(result), index_(index) {}
+    StepRunner(const std::string& outDir, PlaybackResult& result, RunLog& log, int index)
+        : outDir_(outDir), result_(result), log_(log), index_(index) {}
 
     MStatus operator()(const Press& s) {
         return driver::press(s.at[0], s.at[1], hostButton(s.button), hostModifiers(s.modifiers));
@@ -50,7 +50,13 @@ public:
                                            driver::Key::kBackspace};
         return driver::sendKey(keys[static_cast<int>(s.name)]);
     }
-    MStatus operator()(const Command& s) { return driver::runCommand(s.text); }
+    // The command's result goes to the log, so that the answer of a query can be read there.
+    MStatus operator()(const Command& s) {
+        std::string result;
+        const MStatus status = driver::runCommand(s.text, &result);
+        if (status) log_.note("result: " + (result.empty() ? std::string("(empty)") : result));
+        return status;
+    }
     MStatus operator()(const SetOptionVar& s) {
         std::visit([&](const auto& value) { setOption(s.name, value); }, s.value);
         return MS::kSuccess;
@@ -95,6 +101,7 @@ private:
 
     const std::string& outDir_;
     PlaybackResult& result_;
+    RunLog& log_;
     int index_;
 };
 
@@ -127,7 +134,7 @@ PlaybackResult playSession(const Session& session, const SceneNames&, const std:
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const Step& step = session.steps[i];
         log.beginStep("step " + std::to_string(i + 1) + " " + stepName(step));
-        StepRunner run(outDir, result, static_cast<int>(i));
+        StepRunner run(outDir, result, log, static_cast<int>(i));
         const MStatus status = std::visit(run, step);
         ++result.stepsRun;
         if (!status) {

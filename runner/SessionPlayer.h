@@ -18,7 +18,8 @@ struct PlaybackResult {
 };
 
 // Runs every step in order; a step that fails is noted in the log and the run goes on, as the
-// artist would go on after an error. Throws SetupError only when the output cannot be written.
+// artist would go on after an error. A command step's result text is noted in the log too. Throws SetupError
+// only when the output cannot be written.
 PlaybackResult playSession(const Session& session, const SceneNames& scene, const std::string& outDir,
                            RunLog& log);
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "mesh/ProceduralMeshes.h"
+#include "runner/ReliefSurface.h"
 
 namespace kystrake {
 namespace {
@@ -35,6 +36,7 @@ PolygonMesh proceduralMesh(const std::string& kind, int triangles) {
         const int sides = divisionsFor(triangles, 3.0);
         return fromTopology(mhost::makeTorus(5.0, 1.8, 3 * sides, sides));
     }
+    if (kind == "relief") return reliefSurface(triangles);
     if (kind == "plane") {
         const int columns = divisionsFor(triangles, 1.0);
         return fromTopology(mhost::makePlaneGrid(10.0, 10.0, columns, columns));

@@ -2,40 +2,25 @@
 // mesh, pictures of the viewport and a log of the tool's texts and errors.
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 
 #include "runner/DemoSession.h"
-#include "runner/RunLog.h"
-#include "runner/SceneSetup.h"
-#include "runner/SessionPlayer.h"
-#include "runner/SourceMeshes.h"
+#include "runner/SessionRun.h"
 
 namespace {
 
 using namespace kystrake;
 
-int runSession(const Session& session, const std::string& outDir, const std::string& pluginPath,
-               bool verbose) {
-    std::filesystem::create_directories(outDir);
-    const PolygonMesh source = loadSourceMesh(session.source);
-    RunLog log(verbose);
-    const SceneNames scene = setUpScene(session, source, pluginPath);
-    const PlaybackResult result = playSession(session, scene, outDir, log);
-    const std::string meshPath = outDir + "/retopo.obj";
-    const bool wroteMesh = writeRetopoMesh(scene, meshPath);
-    std::ofstream(outDir + "/run.log") << [&] {
-        std::ostringstream text;
-        log.write(text);
-        return text.str();
-    }();
-    std::cout << "kystrake: source mesh " << source.polygonCounts.size() << " polygons; " << result.stepsRun
-              << " steps run, " << result.stepsFailed << " failed; " << log.errorCount() << " error lines\n"
-              << "  frames: " << result.frames.size() << " PNG in " << outDir << "\n"
-              << "  log:    " << outDir << "/run.log\n"
-              << "  mesh:   " << (wroteMesh ? meshPath : std::string("no retopo mesh yet")) << "\n";
+int runAndReport(const Session& session, const std::string& outDir, const std::string& pluginPath,
+                 bool verbose) {
+    const RunSummary run = runSession(session, outDir, pluginPath, verbose);
+    std::cout << "kystrake: source mesh " << run.sourcePolygons << " polygons; " << run.playback.stepsRun
+              << " steps run, " << run.playback.stepsFailed << " failed; " << run.errorLines
+              << " error lines\n"
+              << "  frames: " << run.playback.frames.size() << " PNG in " << outDir << "\n"
+              << "  log:    " << run.logPath << "\n"
+              << "  mesh:   " << (run.meshPath.empty() ? std::string("no retopo mesh yet") : run.meshPath)
+              << "\n";
     return 0;
 }
 
@@ -63,7 +48,7 @@ int main(int argc, char** argv) {
     try {
         Session session = *run ? loadSession(sessionPath) : demoSession();
         if (!sourcePath.empty()) session.source.objPath = sourcePath;
-        return runSession(session, outDir, pluginPath, verbose);
+        return runAndReport(session, outDir, pluginPath, verbose);
     } catch (const SessionError& error) {
         std::cerr << "kystrake: " << error.what() << "\n";
         return 2;

@@ -93,6 +93,25 @@ TEST_F(ToolSwitchTest, DeregisteringTheContextCommandSwitchesItsToolOff) {
     EXPECT_FALSE(mhost::driver::runCommand("recordingTool again"));
 }
 
+TEST_F(ToolSwitchTest, DeletingAContextSwitchesItOffAndFreesItsName) {
+    activate("brush");
+    resultOf("recordingTool spare");
+    recording::log().clear();
+    ASSERT_TRUE(mhost::driver::deleteToolContext("brush"));
+    EXPECT_EQ(recording::log(), std::vector<std::string>{"cleanup"});
+    EXPECT_EQ(mhost::driver::currentTool(), "selectSuperContext");
+    EXPECT_EQ(resultOf("recordingTool -exists brush"), "0");
+    EXPECT_EQ(resultOf("recordingTool -exists spare"), "1");
+    EXPECT_EQ(mhost::driver::deleteToolContext("brush"), MS::kNotFound);
+    EXPECT_EQ(resultOf("recordingTool brush"), "brush") << "the name is free again";
+
+    // A context that is not current goes without a cleanup call.
+    recording::log().clear();
+    ASSERT_TRUE(mhost::driver::deleteToolContext("spare"));
+    EXPECT_TRUE(recording::log().empty());
+    EXPECT_EQ(mhost::driver::setToolTo("spare"), MS::kNotFound);
+}
+
 using ToolCommandTest = RecordingToolFixture;
 
 TEST_F(ToolCommandTest, FinalizedCommandIsUndoneAndRedoneAsTheSameInstanceInOrder) {

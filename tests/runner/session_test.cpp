@@ -62,8 +62,10 @@ TEST(SessionParsing, ErrorsNameTheStepAndTheField) {
     EXPECT_EQ("session: field \"steps\" must be a list of steps", errorOf(R"({"view": {}})"));
     EXPECT_EQ("session: field \"view\" must be between 16 and 8192 pixels on each side",
               errorOf(R"({"view": {"width": 2}, "steps": []})"));
-    EXPECT_EQ("session: field \"source.procedural\" must be \"limb\", \"sphere\", \"torus\" or \"plane\"",
-              errorOf(R"({"source": {"procedural": "cube"}, "steps": []})"));
+    EXPECT_EQ(
+        "session: field \"source.procedural\" must be \"limb\", \"relief\", \"sphere\", \"torus\" or "
+        "\"plane\"",
+        errorOf(R"({"source": {"procedural": "cube"}, "steps": []})"));
     EXPECT_NE(std::string::npos, errorOf("{not json").find("session: not valid JSON"));
     EXPECT_EQ("step 1 (drag): field \"drag\" must be a non-empty list of pixels [[x, y], ...]",
               errorOf(R"({"steps": [{"drag": []}]})"));

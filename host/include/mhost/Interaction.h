@@ -36,6 +36,10 @@ int viewRefreshCount();
 
 // Makes a tool context current by name, as "setToolTo name" does; kNotFound for an unknown name.
 MStatus setToolTo(const std::string& contextName);
+// Deletes a tool context by name, as Maya's "deleteUI name" does: a current one is switched off
+// first and the selection tool becomes current. Contexts outlive scene resets, so a program that
+// runs several sessions deletes its context to start each with a fresh one. kNotFound when none.
+MStatus deleteToolContext(const std::string& contextName);
 // The current tool's name ("selectSuperContext" when no plug-in context is current), and the help
 // text and cursor name ("default", "doubleCrossHair", ...) its context last set.
 std::string currentTool();

@@ -86,6 +86,8 @@ int viewRefreshCount() { return activeView().refreshCount(); }
 
 MStatus setToolTo(const std::string& contextName) { return toolContexts().setCurrent(contextName); }
 
+MStatus deleteToolContext(const std::string& contextName) { return toolContexts().remove(contextName); }
+
 std::string currentTool() { return toolContexts().currentName(); }
 
 std::string currentToolHelp() {

@@ -32,15 +32,26 @@ std::string ToolContexts::freeName(const std::string& stem) const {
     }
 }
 
-void ToolContexts::removeMadeBy(const std::string& commandName) {
-    if (fCurrent && fCurrent->commandName == commandName) {
+template <class Predicate>
+void ToolContexts::removeWhere(Predicate chosen) {
+    if (fCurrent && chosen(*fCurrent)) {
         switchOff();
         endGesture();
         fCurrentName = kSelectTool;
     }
-    fRecords.erase(std::remove_if(fRecords.begin(), fRecords.end(),
-                                  [&](const auto& record) { return record->commandName == commandName; }),
-                   fRecords.end());
+    fRecords.erase(
+        std::remove_if(fRecords.begin(), fRecords.end(), [&](const auto& record) { return chosen(*record); }),
+        fRecords.end());
+}
+
+void ToolContexts::removeMadeBy(const std::string& commandName) {
+    removeWhere([&](const ContextRecord& record) { return record.commandName == commandName; });
+}
+
+MStatus ToolContexts::remove(const std::string& name) {
+    if (!find(name)) return MS::kNotFound;
+    removeWhere([&](const ContextRecord& record) { return record.name == name; });
+    return MS::kSuccess;
 }
 
 void ToolContexts::switchOff() {

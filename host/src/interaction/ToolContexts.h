@@ -34,6 +34,8 @@ public:
     // Deletes the contexts a context command made; a current one is switched off first (its
     // toolOffCleanup runs and the selection tool becomes current).
     void removeMadeBy(const std::string& commandName);
+    // Deletes the context of that name the same way; kNotFound when there is none.
+    MStatus remove(const std::string& name);
 
     // Makes the named tool current: toolOffCleanup of the old context, the gesture under way (if any)
     // ends, the new tool becomes current, "ToolChanged" is sent, then toolOnSetup of the new context.
@@ -45,6 +47,8 @@ public:
 
 private:
     void switchOff();
+    template <class Predicate>
+    void removeWhere(Predicate chosen);
 
     std::vector<std::unique_ptr<ContextRecord>> fRecords;
     std::string fCurrentName = kSelectTool;

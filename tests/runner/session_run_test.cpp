@@ -1,0 +1,162 @@
+// Whole runs through the host and the loaded plug-in module: the demo, the closed-limb session and
+// the run log's command results.
+
+#include <gtest/gtest.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MFnIntArrayData.h>
+#include <maya/MFnPointArrayData.h>
+#include <maya/MIntArray.h>
+#include <maya/MPlug.h>
+#include <maya/MPointArray.h>
+#include <maya/MSelectionList.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+#include "runner/DemoSession.h"
+#include "runner/ReliefSurface.h"
+#include "runner/SessionRun.h"
+
+namespace {
+
+using namespace kystrake;
+
+const char* const kLocator = "kyStrakeShape1";
+
+// A fresh output folder for one test.
+std::string outputFolder(const std::string& name) {
+    const std::string folder = testing::TempDir() + "kystrake-" + name;
+    std::filesystem::remove_all(folder);
+    return folder;
+}
+
+RunSummary run(const Session& session, const std::string& name) {
+    return runSession(session, outputFolder(name), KY_PLUGIN_MODULE_PATH, false);
+}
+
+std::string fileText(const std::string& path) {
+    std::ifstream file(path);
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+MObject locatorData(const char* attribute) {
+    MSelectionList list;
+    MObject node, data;
+    if (list.add(kLocator) && list.getDependNode(0, node))
+        MFnDependencyNode(node).findPlug(attribute, true).getValue(data);
+    return data;
+}
+
+MPointArray locatorPoints(const char* attribute) {
+    MObject data = locatorData(attribute);
+    return data.isNull() ? MPointArray() : MFnPointArrayData(data).array();
+}
+
+MIntArray locatorCounts(const char* attribute) {
+    MObject data = locatorData(attribute);
+    return data.isNull() ? MIntArray() : MFnIntArrayData(data).array();
+}
+
+// The demo's steps up to, not including, ENTER: the strokes stay on the locator.
+Session demoStrokesOnly(int triangles) {
+    Session session = demoSession();
+    session.source.triangles = triangles;
+    const auto enter = std::find_if(session.steps.begin(), session.steps.end(),
+                                    [](const Step& step) { return std::holds_alternative<Key>(step); });
+    session.steps.erase(enter, session.steps.end());
+    return session;
+}
+
+// The demo as `kystrake demo` runs it, on a lighter relief of the same shape; run once for the group.
+class DemoRun : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        Session session = demoSession();
+        session.source.triangles = 30000;
+        summary_ = std::make_unique<RunSummary>(run(session, "demo"));
+    }
+    static void TearDownTestSuite() { summary_.reset(); }
+    void SetUp() override { ASSERT_TRUE(summary_) << "the demo run did not finish"; }
+
+    static inline std::unique_ptr<RunSummary> summary_;
+};
+
+TEST_F(DemoRun, CommitsItsStrokesAndWritesItsFrames) {
+    const RunSummary& summary = *summary_;
+    EXPECT_EQ(0, summary.playback.stepsFailed);
+    const std::string log = fileText(summary.logPath);
+    EXPECT_NE(std::string::npos, log.find("status: 3 stroke(s)")) << log;
+    ASSERT_EQ(3u, summary.playback.frames.size());
+    for (const std::string& frame : summary.playback.frames) {
+        ASSERT_TRUE(std::filesystem::exists(frame)) << frame;
+        EXPECT_GT(std::filesystem::file_size(frame), 1000u) << frame;
+    }
+    EXPECT_NE(std::string::npos, summary.playback.frames.back().find("patch"));
+}
+
+// Turns on by itself once ENTER builds the scratch patch from the strokes.
+TEST_F(DemoRun, EnterBuildsAPatchOfAtLeast48Quads) {
+    if (summary_->meshPath.empty())
+        GTEST_SKIP() << "no retopo mesh after ENTER: the scratch patch is not built on ENTER yet";
+    const PolygonMesh retopo = readObj(summary_->meshPath);
+    EXPECT_GE(std::count(retopo.polygonCounts.begin(), retopo.polygonCounts.end(), 4), 48);
+}
+
+// The demo's strokes lie on the forehead of the relief, on the surface the camera sees.
+TEST(DemoStrokes, LieOnTheForeheadOfTheRelief) {
+    run(demoStrokesOnly(30000), "demo-strokes");
+    const MIntArray sizes = locatorCounts("sizes");
+    ASSERT_EQ(3u, sizes.length());
+    for (unsigned i = 0; i < sizes.length(); ++i) EXPECT_GE(sizes[i], 20) << i;
+    const MPointArray strokes = locatorPoints("strokes");
+    ASSERT_GT(strokes.length(), 60u);
+    for (unsigned i = 0; i < strokes.length(); ++i) {
+        const MPoint& p = strokes[i];
+        ASSERT_NEAR(reliefHeight(p.x, p.y), p.z, 0.05) << i;
+        ASSERT_GT(p.y, 1.9) << i;  // above the brows
+        ASSERT_LT(p.y, 5.5) << i;
+        ASSERT_LT(std::abs(p.x), 3.5) << i;
+    }
+}
+
+// The closed-limb session draws from a camera in front (+Z) of a limb whose axis lies in the XY
+// plane; picking keeps the last hit along each ray, so the strokes land on the back, at negative Z.
+TEST(ClosedLimbSession, StrokesLandOnTheFarSideOfTheLimb) {
+    Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/closed_limb.json");
+    ASSERT_EQ("limb", session.source.procedural);
+    ASSERT_TRUE(session.camera.has_value());
+    ASSERT_GT(session.camera->eye[2], 5.0);
+    session.source.triangles = 40000;
+    const RunSummary summary = run(session, "closed-limb");
+    EXPECT_EQ(0, summary.playback.stepsFailed);
+    EXPECT_EQ(3u, summary.playback.frames.size());
+    const MIntArray sizes = locatorCounts("sizes");
+    ASSERT_EQ(2u, sizes.length());
+    const MPointArray strokes = locatorPoints("strokes");
+    ASSERT_GT(strokes.length(), 20u);
+    for (unsigned i = 0; i < strokes.length(); ++i) EXPECT_LT(strokes[i].z, -0.5) << i;
+}
+
+TEST(RunLogCommands, NoteEachCommandsResultSoQueriesCanBeRead) {
+    Session session;
+    session.source.procedural = "plane";
+    session.source.triangles = 200;
+    session.steps = {SetOptionVar{"ky_vspan", 5}, Command{"kyStrakeContext -q -vspan kyStrakeContext1"},
+                     Command{"kyStrakeContext -e -figure 2 kyStrakeContext1"},
+                     Command{"kyStrakeContext -q -figure kyStrakeContext1"}, Command{"noSuchCommand 1"}};
+    const RunSummary summary = run(session, "commands");
+    EXPECT_EQ(1, summary.playback.stepsFailed);
+    const std::string log = fileText(summary.logPath);
+    EXPECT_NE(std::string::npos, log.find("[step 2 command] result: 5\n")) << log;
+    EXPECT_NE(std::string::npos, log.find("[step 3 command] result: ")) << log;
+    EXPECT_NE(std::string::npos, log.find("[step 4 command] result: 2\n")) << log;
+    EXPECT_NE(std::string::npos, log.find("[step 5 command] failed: ")) << log;
+    EXPECT_EQ(std::string::npos, log.find("[step 5 command] result")) << log;
+}
+
+}  // namespace
