@@ -202,6 +202,13 @@ TEST_F(PatchNode, BadArraysGiveAnEmptyMeshAndAReport) {
     EXPECT_NE(std::string::npos, printed.find("\nAPI error detected in kyPatchNode at line ")) << printed;
 }
 
+TEST_F(PatchNode, AnyUvIdEndsTheTransparency) {
+    MIntArray uvIds;
+    uvIds.append(0);
+    ASSERT_TRUE(setIntArrayAttr("polyconnUV", node, uvIds));
+    EXPECT_EQ(0, MFnMesh(shape).numVertices()) << "rebuilt from empty counts, not passed through";
+}
+
 TEST_F(PatchNode, RebuildsAMeshWithoutUvs) {
     MeshArrays arrays = torusArrays;
     arrays.us.clear();
