@@ -17,7 +17,9 @@ int readSpans(const char* key) {
     bool exists = false;
     const int spans = MGlobal::optionVarIntValue(key, &exists);
     if (!exists) return kDefaultSpans;
-    return spans == 0 ? 1 : spans;
+    // A stored 0 reads as 1, and so does a negative count a script may have stored: a patch
+    // needs at least one span each way.
+    return spans < 1 ? 1 : spans;
 }
 
 bool storeSpans(const char* key, int spans) { return MGlobal::setOptionVarValue(key, spans < 1 ? 1 : spans); }

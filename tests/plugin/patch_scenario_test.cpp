@@ -11,6 +11,13 @@
 namespace kytest {
 namespace {
 
+// Steps of the tool on the undo queue.
+int toolSteps() {
+    int steps = 0;
+    for (const std::string& line : mhost::driver::undoJournal()) steps += line.rfind("kyStrakeCmd", 0) == 0;
+    return steps;
+}
+
 class PatchScenario : public PatchFlowScene, public ::testing::WithParamInterface<bool> {
 protected:
     void SetUp() override {
@@ -236,7 +243,56 @@ TEST_P(PatchScenario, ARetopoMeshDeletedBetweenGesturesIsMadeAnew) {
     EXPECT_EQ(MFnMesh(retopo).numPolygons(), 12);
 }
 
+TEST_P(PatchScenario, AClickIsNoStrokeAndOneStrokeIsNoPatch) {
+    press(*context, onSource(3.0, 3.0), kLeft);
+    release(*context, onSource(3.0, 3.0), kLeft);
+    EXPECT_EQ(strokeCount(), 0);
+    strokeOnSource(2.0, 2.0, 8.0, 2.0);
+    press(*context, onSource(3.0, 6.0), kLeft);
+    release(*context, onSource(3.0, 6.0), kLeft);
+    context->completeAction();
+    EXPECT_FALSE(getActiveMeshPath().isValid());
+    EXPECT_EQ(toolSteps(), 0);
+}
+
+TEST_P(PatchScenario, SpansOfZeroOrBelowMakeOneQuadEachWay) {
+    setOption("ky_uspan", 0);
+    setOption("ky_vspan", -3);
+    buildFirstScratch();
+    const MDagPath retopo = getActiveMeshPath();
+    ASSERT_TRUE(retopo.isValid());
+    EXPECT_EQ(MFnMesh(retopo).numPolygons(), 1);
+    EXPECT_EQ(facesAgainstSource(retopo), 0);
+}
+
+TEST_P(PatchScenario, AStrokeOffARowWhoseMeshWasDeletedBuildsNothing) {
+    buildFirstScratch();
+    takeFarRowAsPlayerRow();
+    const MDagPath retopo = getActiveMeshPath();
+    ASSERT_TRUE(mhost::driver::runCommand("delete " + std::string(retopo.fullPathName().asChar())));
+    strokeOnSource(2.0, 9.5, 8.0, 9.5);
+    EXPECT_FALSE(exists("kyMeshShape1"));
+    EXPECT_FALSE(getActiveMeshPath().isValid());
+    EXPECT_EQ(strokeCount(), 0) << "the stroke is used up";
+    EXPECT_FALSE(exists("kyPatch2"));
+}
+
 INSTANTIATE_TEST_SUITE_P(PlainAndTransformedSource, PatchScenario, ::testing::Bool());
+
+using PatchWithoutSource = ContextScene;
+
+TEST_F(PatchWithoutSource, StrokesNeedASourceAndEnterThenMakesNothing) {
+    locator = makeLocator();
+    source = makeGrid(10, 10);  // never connected to the locator
+    kyStrakeContext* context = makeContext();
+    activate(*context);
+    stroke(*context, {MPoint(2, 0, 2), MPoint(5, 0, 2), MPoint(8, 0, 2)});
+    stroke(*context, {MPoint(2, 0, 7), MPoint(5, 0, 7), MPoint(8, 0, 7)});
+    EXPECT_EQ(strokeCount(), 0);
+    context->completeAction();
+    EXPECT_FALSE(getActiveMeshPath().isValid());
+    EXPECT_EQ(toolSteps(), 0);
+}
 
 }  // namespace
 }  // namespace kytest
