@@ -91,6 +91,11 @@ struct StrakeScene {
         for (int c = 0; c <= kSpans; ++c) playerRow.append(lastRow + c);
         for (int i = 0; i <= 2 * kSpans; ++i)
             stroke.append(MPoint(i * kSpacing / 2.0, 0.0, (kRetopoRows - 1 + kSpans) * kSpacing));
+
+        // One patch made and undone first, so that the source's ray accelerator, built on the first
+        // projection, is not counted against the first timed patch.
+        armStroke();
+        appendPatch()->undoIt();
     }
 
     // The locator as the release of the stroke leaves it: a player row and one stroke.

@@ -155,19 +155,19 @@ MStatus setDoubleAttr(const char* name, const MObject& node, double value) {
     return MS::kSuccess;
 }
 
-MStatus setIntArrayAttr(const char* name, const MObject& node, MIntArray values) {
+MStatus setIntArrayAttr(const char* name, const MObject& node, const MIntArray& values) {
     return writeArrayAttr<MFnIntArrayData>(name, node, values);
 }
 
-MStatus setFloatArrayAttr(const char* name, const MObject& node, MFloatArray values) {
+MStatus setFloatArrayAttr(const char* name, const MObject& node, const MFloatArray& values) {
     return writeArrayAttr<MFnFloatArrayData>(name, node, values);
 }
 
-MStatus setPointArrayAttr(const char* name, const MObject& node, MPointArray values) {
+MStatus setPointArrayAttr(const char* name, const MObject& node, const MPointArray& values) {
     return writeArrayAttr<MFnPointArrayData>(name, node, values);
 }
 
-MStatus setVectorArrayAttr(const char* name, const MObject& node, MVectorArray values) {
+MStatus setVectorArrayAttr(const char* name, const MObject& node, const MVectorArray& values) {
     return writeArrayAttr<MFnVectorArrayData>(name, node, values);
 }
 

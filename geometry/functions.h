@@ -106,10 +106,10 @@ MStatus getVector3Attr(const char* name, const MObject& node, MVector& out);
 
 MStatus setIntAttr(const char* name, const MObject& node, int value);
 MStatus setDoubleAttr(const char* name, const MObject& node, double value);
-MStatus setIntArrayAttr(const char* name, const MObject& node, MIntArray values);
-MStatus setFloatArrayAttr(const char* name, const MObject& node, MFloatArray values);
-MStatus setPointArrayAttr(const char* name, const MObject& node, MPointArray values);
-MStatus setVectorArrayAttr(const char* name, const MObject& node, MVectorArray values);
+MStatus setIntArrayAttr(const char* name, const MObject& node, const MIntArray& values);
+MStatus setFloatArrayAttr(const char* name, const MObject& node, const MFloatArray& values);
+MStatus setPointArrayAttr(const char* name, const MObject& node, const MPointArray& values);
+MStatus setVectorArrayAttr(const char* name, const MObject& node, const MVectorArray& values);
 MStatus setPoint3Attr(const char* name, const MObject& node, double x, double y, double z);
 MStatus setVector3Attr(const char* name, const MObject& node, double x, double y, double z);
 

@@ -2,9 +2,12 @@
 // into the patch node above the mesh, which rebuilds the whole mesh from them; nothing is
 // replayed. These routines read a mesh into a MeshSnapshot and write a snapshot into a node.
 
+#include <maya/MFloatVectorArray.h>
 #include <maya/MFnMesh.h>
-#include <maya/MItMeshPolygon.h>
+#include <maya/MItMeshEdge.h>
 #include <maya/MVector.h>
+
+#include <vector>
 
 #include "geometry/errorReporting.h"
 #include "geometry/functions.h"
@@ -29,24 +32,59 @@ void reverseLastQuads(MIntArray& polyconnect, unsigned int quadCount) {
     }
 }
 
+// Every edge id in order, with whether the edge is smooth. Walked with an edge iterator, which
+// keeps hold of the mesh between edges.
+MStatus readEdgeSmoothing(const MFnMesh& mesh, MIntArray& edgeIds, MIntArray& smooth) {
+    MObject meshObject = mesh.object();
+    MStatus status;
+    MItMeshEdge edges(meshObject, &status);
+    if (!status) return status;
+    const unsigned int count = static_cast<unsigned int>(mesh.numEdges());
+    edgeIds.setLength(count);
+    smooth.setLength(count);
+    for (unsigned int e = 0; !edges.isDone() && e < count; edges.next(), ++e) {
+        edgeIds[e] = edges.index();
+        smooth[e] = edges.isSmooth() ? 1 : 0;
+    }
+    return MS::kSuccess;
+}
+
 }  // namespace
 
+// Read in bulk (the normals with their ids, and the polygons' vertices) and assembled in plain
+// buffers: a retopo mesh has tens of thousands of face-vertices, and a host call per corner, or an
+// array grown entry by entry, would cost more than the rest of a patch operation.
 MStatus collectFaceVertexNormals(MVectorArray& normals, MIntArray& faceList, MIntArray& vertexList) {
     MStatus status;
-    MItMeshPolygon polygons(getActiveMeshPath(), MObject::kNullObj, &status);
+    const MFnMesh mesh(getActiveMeshPath(), &status);
     if (!status) return status;
-    for (polygons.reset(); !polygons.isDone(); polygons.next()) {
-        const int face = static_cast<int>(polygons.index());
-        const unsigned int corners = polygons.polygonVertexCount();
-        for (unsigned int k = 0; k < corners; ++k) {
-            MVector normal;
-            status = polygons.getNormal(k, normal, MSpace::kObject);
-            if (!status) return status;
-            faceList.append(face);
-            vertexList.append(static_cast<int>(polygons.vertexIndex(static_cast<int>(k))));
-            normals.append(normal);
+    MFloatVectorArray meshNormals;
+    MIntArray normalCounts, normalIds, counts, connects;
+    if (!(status = mesh.getNormals(meshNormals, MSpace::kObject))) return status;
+    if (!(status = mesh.getNormalIds(normalCounts, normalIds))) return status;
+    if (!(status = mesh.getVertices(counts, connects))) return status;
+
+    const unsigned int total = connects.length();
+    std::vector<float> normalCoords(3 * std::size_t(meshNormals.length()));
+    std::vector<int> polygonCounts(counts.length()), cornerVertices(total), cornerNormals(total);
+    meshNormals.get(reinterpret_cast<float(*)[3]>(normalCoords.data()));
+    counts.get(polygonCounts.data());
+    connects.get(cornerVertices.data());
+    normalIds.get(cornerNormals.data());
+
+    std::vector<int> cornerFaces(total);
+    std::vector<double> cornerCoords(3 * std::size_t(total));
+    unsigned int corner = 0;
+    for (int face = 0; face < static_cast<int>(polygonCounts.size()); ++face) {
+        for (int k = 0; k < polygonCounts[face]; ++k, ++corner) {
+            cornerFaces[corner] = face;
+            for (int axis = 0; axis < 3; ++axis)
+                cornerCoords[3 * corner + axis] = normalCoords[3 * std::size_t(cornerNormals[corner]) + axis];
         }
     }
+    normals = MVectorArray(reinterpret_cast<const double(*)[3]>(cornerCoords.data()), total);
+    faceList = MIntArray(cornerFaces.data(), total);
+    vertexList = connects;
     return MS::kSuccess;
 }
 
@@ -61,22 +99,19 @@ MStatus readMeshSnapshot(const MFnMesh& mesh, MeshSnapshot& out, bool uvFailures
     if (!status && uvFailuresCount) return status;
     if (!(status = collectFaceVertexNormals(out.normalsin, out.facelist, out.vertexlist))) return status;
     if (!(status = mesh.getAssignedUVs(out.polycountUV, out.polyconnUV))) return status;
-    const int edges = mesh.numEdges();
-    for (int e = 0; e < edges; ++e) {
-        out.edgesharden.append(e);
-        out.hardenvalues.append(mesh.isEdgeSmooth(e) ? 1 : 0);
-    }
-    return MS::kSuccess;
+    return readEdgeSmoothing(mesh, out.edgesharden, out.hardenvalues);
 }
 
 MStatus kyStrakeToolCmd::commitPatchMesh(MFnMesh& meshFn, bool reversed, const MObject& patchNode,
                                          MIntArray faces) {
-    MeshSnapshot snapshot;
-    MStatus status = readMeshSnapshot(meshFn, snapshot, false);
+    // Read in place, as the snapshot is large; a failed read leaves meshAfter empty, as the workers
+    // cleared it before the grid was built.
+    clearMeshAfter();
+    MStatus status = readMeshSnapshot(meshFn, meshAfter, false);
+    if (!status) clearMeshAfter();
     KY_RETURN_ON_FAILURE(status);
     // The flip lives in the arrays only: the mesh keeps its winding until the node rebuilds it.
-    if (reversed) reverseLastQuads(snapshot.polyconnect, faces.length());
-    meshAfter = snapshot;
+    if (reversed) reverseLastQuads(meshAfter.polyconnect, faces.length());
     KY_RETURN_ON_FAILURE(writeMeshAfterToNode(patchNode));
     return MS::kSuccess;
 }

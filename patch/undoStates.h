@@ -39,7 +39,7 @@ class MFnMesh;
 // failures of the UV-set read only when `uvFailuresCount`. O(face-vertices + edges).
 MStatus readMeshSnapshot(const MFnMesh& mesh, MeshSnapshot& out, bool uvFailuresCount);
 // One normal per polygon-vertex of the active mesh, object space, with the polygon and vertex id
-// of each; appended to the outputs polygon by polygon.
+// of each, polygon by polygon; the outputs are replaced.
 MStatus collectFaceVertexNormals(MVectorArray& normals, MIntArray& faceList, MIntArray& vertexList);
 
 // The locator's bookkeeping of the last patch: player row, strokes, shadow lines and row ids.

@@ -16,7 +16,7 @@ class OPENMAYA_EXPORT MFloatPoint {
 public:
     // The origin (0, 0, 0, 1).
     MFloatPoint();
-    MFloatPoint(const MFloatPoint& srcpt);
+    MFloatPoint(const MFloatPoint& srcpt) = default;
     // Rounds the double components to float.
     MFloatPoint(const MPoint& srcpt);
     // The vector's components with w = 1.
@@ -26,11 +26,11 @@ public:
     // From four components x, y, z, w.
     MFloatPoint(const float f[4]);
     MFloatPoint(const double d[4]);
-    ~MFloatPoint();
+    ~MFloatPoint() = default;
     // Writes x, y, z, w to dest; kFailure for a null pointer.
     MStatus get(double dest[4]) const;
     MStatus get(float dest[4]) const;
-    MFloatPoint& operator=(const MFloatPoint& src);
+    MFloatPoint& operator=(const MFloatPoint& src) = default;
     // Component i: 0 x, 1 y, 2 z, 3 w; any other index reads x, as Maya documents.
     float operator()(unsigned int i) const;
     float operator[](unsigned int i) const;

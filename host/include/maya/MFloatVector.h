@@ -16,7 +16,7 @@ class OPENMAYA_EXPORT MFloatVector {
 public:
     // The zero vector.
     MFloatVector();
-    MFloatVector(const MFloatVector&);
+    MFloatVector(const MFloatVector&) = default;
     // Rounds the double components to float.
     MFloatVector(const MVector&);
     // The cartesian position of the point: x, y, z divided by w, unless w is 0 or 1.
@@ -26,8 +26,8 @@ public:
     // From three components.
     MFloatVector(const float f[3]);
     MFloatVector(const double d[3]);
-    ~MFloatVector();
-    MFloatVector& operator=(const MFloatVector& src);
+    ~MFloatVector() = default;
+    MFloatVector& operator=(const MFloatVector& src) = default;
     // Component i: 0 x, 1 y, 2 z; any other index reads x, as Maya documents.
     float operator()(unsigned int i) const;
     float operator[](unsigned int i) const;

@@ -139,6 +139,12 @@ class OPENMAYA_EXPORT MFnMesh : public MFnDagNode {
     // One unit normal per vertex: its polygons' normals weighted by corner angle, or plainly averaged.
     MStatus getVertexNormal(int vertexId, bool angleWeighted, MVector& normal,
                             MSpace::Space space = MSpace::kObject) const;
+    // The per-polygon-vertex normals (a polygon's corner normals split at hard edges), object space
+    // or world; getNormalIds gives, polygon by polygon, the corner count and the index of each
+    // corner's normal in that array. The host shares no normals between corners, so the ids run
+    // 0, 1, 2, ... in face-vertex order.
+    MStatus getNormals(MFloatVectorArray& normals, MSpace::Space space = MSpace::kObject) const;
+    MStatus getNormalIds(MIntArray& normalIdCounts, MIntArray& normalIds) const;
     MStatus getVertexNormals(bool angleWeighted, MFloatVectorArray& normals,
                              MSpace::Space space = MSpace::kObject) const;
     // The polygon's unit normal (Newell's method; zero for a polygon without area).

@@ -18,7 +18,7 @@ class OPENMAYA_EXPORT MPoint {
 public:
     // The origin (0, 0, 0, 1).
     MPoint();
-    MPoint(const MPoint& srcpt);
+    MPoint(const MPoint& srcpt) = default;
     MPoint(const MFloatPoint& srcpt);
     // The vector's components with w = 1.
     MPoint(const MVector& src);
@@ -27,7 +27,7 @@ public:
     // From four components x, y, z, w.
     MPoint(const double d[4]);
     MPoint(const float d[4]);
-    ~MPoint();
+    ~MPoint() = default;
     // Writes x, y, z, w to dest; kFailure for a null pointer.
     MStatus get(double[4]) const;
     MStatus get(float[4]) const;
@@ -36,7 +36,7 @@ public:
     double operator()(unsigned int i) const;
     double& operator[](unsigned int i);
     double& operator()(unsigned int i);
-    MPoint& operator=(const MPoint& src);
+    MPoint& operator=(const MPoint& src) = default;
     // The vector from `other` to this point, both taken in cartesian form.
     MVector operator-(const MPoint& other) const;
     // The cartesian form of the point moved by the vector; the result has w = 1.

@@ -21,7 +21,7 @@ public:
 
     // The zero vector.
     MVector();
-    MVector(const MVector&);
+    MVector(const MVector&) = default;
     MVector(const MFloatVector&);
     // The cartesian position of the point: x, y, z divided by w, unless w is 0 or 1.
     MVector(const MPoint&);
@@ -30,8 +30,8 @@ public:
     // From three components.
     MVector(const double d[3]);
     MVector(const float f[3]);
-    ~MVector();
-    MVector& operator=(const MVector& src);
+    ~MVector() = default;
+    MVector& operator=(const MVector& src) = default;
     // Component i: 0 x, 1 y, 2 z; any other index reads x, as Maya documents.
     double operator()(unsigned int i) const;
     double operator[](unsigned int i) const;

@@ -109,11 +109,15 @@ std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh) {
     forEachCorner(mesh, [&](int face, int corner, int, double angle) {
         sums[groups.root(corner)] += faceNormals[face] * angle;
     });
+    // The second pass needs no angles: it walks the corners face by face directly.
     std::vector<Vec3> normals(mesh.numFaceVertices());
-    forEachCorner(mesh, [&](int face, int corner, int, double) {
-        const Vec3 n = normalized(sums[groups.root(corner)]);
-        normals[corner] = lengthSquared(n) > 0 ? n : faceNormals[face];
-    });
+    const std::vector<int>& offsets = mesh.faces().offsets;
+    for (int f = 0; f < mesh.numFaces(); ++f) {
+        for (int corner = offsets[f]; corner < offsets[f + 1]; ++corner) {
+            const Vec3 n = normalized(sums[groups.root(corner)]);
+            normals[corner] = lengthSquared(n) > 0 ? n : faceNormals[f];
+        }
+    }
     return normals;
 }
 

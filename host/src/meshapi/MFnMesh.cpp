@@ -153,6 +153,27 @@ MStatus MFnMesh::getVertexNormal(int vertexId, bool angleWeighted, MVector& norm
     });
 }
 
+MStatus MFnMesh::getNormals(MFloatVectorArray& normals, MSpace::Space space) const {
+    return guardStatus([&] {
+        const MeshRef mesh = attachedMesh(*this);
+        const MeshSpace to = MeshSpace::of(mesh, space);
+        const std::vector<Vec3>& objectNormals = mesh.mesh().faceVertexNormals();
+        normals.setLength(static_cast<unsigned int>(objectNormals.size()));
+        for (std::size_t n = 0; n < objectNormals.size(); ++n) normals[n] = to.normalOut(objectNormals[n]);
+    });
+}
+
+MStatus MFnMesh::getNormalIds(MIntArray& normalIdCounts, MIntArray& normalIds) const {
+    return guardStatus([&] {
+        const MeshTopology& mesh = attachedMesh(*this).mesh();
+        const int polygons = mesh.numFaces();
+        normalIdCounts.setLength(static_cast<unsigned int>(polygons));
+        for (int f = 0; f < polygons; ++f) normalIdCounts[f] = static_cast<int>(mesh.faceVertices(f).size());
+        normalIds.setLength(static_cast<unsigned int>(mesh.faces().offsets[polygons]));
+        for (unsigned int n = 0; n < normalIds.length(); ++n) normalIds[n] = static_cast<int>(n);
+    });
+}
+
 MStatus MFnMesh::getVertexNormals(bool angleWeighted, MFloatVectorArray& normals, MSpace::Space space) const {
     return guardStatus([&] {
         const MeshRef mesh = attachedMesh(*this);

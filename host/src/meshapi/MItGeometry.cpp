@@ -121,9 +121,9 @@ MStatus MItGeometry::allPositions(MPointArray& points, MSpace::Space space) cons
     return walkStatus(fWalk, kOwner, [&](MeshWalk& walk) {
         const std::vector<int> vertices = walk.elementIds();
         const mhost::MeshSpace& frame = walk.frame(space);
+        const mhost::MeshTopology& mesh = walk.topology();
         points.setLength(static_cast<unsigned int>(vertices.size()));
-        for (std::size_t i = 0; i < vertices.size(); ++i)
-            points[i] = frame.pointOut(Vec3(walk.topology().point(vertices[i])));
+        for (std::size_t i = 0; i < vertices.size(); ++i) points[i] = frame.pointOut(Vec3(mesh.point(vertices[i])));
     });
 }
 
@@ -135,8 +135,9 @@ MStatus MItGeometry::setAllPositions(const MPointArray& points, MSpace::Space sp
             throw mhost::HostError("MItGeometry: " + std::to_string(points.length()) + " positions for " +
                                    std::to_string(vertices.size()) + " points");
         std::vector<mhost::Vec3f> objectPoints(vertices.size());
+        const mhost::MeshSpace& frame = walk.frame(space);
         for (std::size_t i = 0; i < vertices.size(); ++i) {
-            objectPoints[i] = mhost::Vec3f(walk.frame(space).pointIn(points[i]));
+            objectPoints[i] = mhost::Vec3f(frame.pointIn(points[i]));
             if (!mhost::isFinite(objectPoints[i]))
                 throw mhost::HostError("MItGeometry: a position is not finite");
         }

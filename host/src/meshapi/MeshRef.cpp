@@ -33,7 +33,7 @@ MeshRef MeshRef::of(const MDagPath& path) {
 
 MObject MeshRef::object() const { return shape_ ? wrapNode(shape_) : wrapData(data_); }
 
-MeshDataPtr MeshRef::data() const {
+const MeshDataPtr& MeshRef::data() const {
     if (!shape_) {
         if (!data_) fail("no mesh is attached");
         return data_;

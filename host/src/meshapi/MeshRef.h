@@ -31,8 +31,9 @@ public:
     // The shape node or the data object, as an MObject.
     MObject object() const;
 
-    // Throw HostError when nothing is attached or the shape has been deleted.
-    MeshDataPtr data() const;
+    // Throw HostError when nothing is attached or the shape has been deleted. The data is looked up
+    // again only when the shape's output changed; the reference stays valid until the next call.
+    const MeshDataPtr& data() const;
     const MeshTopology& mesh() const { return data()->mesh(); }
     // Object to world: the path's inclusive matrix for a shape, the data's own matrix for data.
     MMatrix worldMatrix() const;

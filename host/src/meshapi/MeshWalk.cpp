@@ -25,9 +25,11 @@ void MeshWalk::reset() {
     world_.reset();
 }
 
+// One look at the mesh per call: iterators call this once or twice per element.
 int MeshWalk::current() const {
     const int total = elementCountOf(kind_, topology());
-    if (isDone()) throw std::out_of_range("mesh iterator: the iteration is done");
+    const int size = elements_ ? static_cast<int>(elements_->size()) : total;
+    if (position_ >= size) throw std::out_of_range("mesh iterator: the iteration is done");
     const int id = elements_ ? (*elements_)[position_] : position_;
     checkIndex("mesh iterator", "element", id, total);
     return id;

@@ -8,9 +8,9 @@
 MHOST_DEFINE_VECTOR_MEMBERS(MVector, MFloatVector, double);
 
 MVector MVector::operator*(const MMatrix& m) const {
-    MVector result;
-    for (unsigned int col = 0; col < 3; ++col) result[col] = x * m(0, col) + y * m(1, col) + z * m(2, col);
-    return result;
+    const double (&a)[4][4] = m.matrix;
+    return MVector(x * a[0][0] + y * a[1][0] + z * a[2][0], x * a[0][1] + y * a[1][1] + z * a[2][1],
+                   x * a[0][2] + y * a[1][2] + z * a[2][2]);
 }
 
 MVector& MVector::operator*=(const MMatrix& m) { return *this = *this * m; }

@@ -15,15 +15,12 @@
 // followed by a semicolon.
 #define MHOST_DEFINE_POINT_MEMBERS(Point, OtherPoint, Vector, OtherVector, Real)                          \
     Point::Point() : x(0), y(0), z(0), w(1) {}                                                            \
-    Point::Point(const Point&) = default;                                                                 \
     Point::Point(const OtherPoint& p) : x(Real(p.x)), y(Real(p.y)), z(Real(p.z)), w(Real(p.w)) {}         \
     Point::Point(const Vector& v) : Point(mhost::xyz::convert<Point>(v)) {}                               \
     Point::Point(const OtherVector& v) : Point(mhost::xyz::convert<Point>(v)) {}                          \
     Point::Point(Real xx, Real yy, Real zz, Real ww) : x(xx), y(yy), z(zz), w(ww) {}                      \
     Point::Point(const double d[4]) : x(Real(d[0])), y(Real(d[1])), z(Real(d[2])), w(Real(d[3])) {}       \
     Point::Point(const float f[4]) : x(f[0]), y(f[1]), z(f[2]), w(f[3]) {}                                \
-    Point::~Point() = default;                                                                            \
-    Point& Point::operator=(const Point&) = default;                                                      \
     MStatus Point::get(double dest[4]) const { return mhost::xyz::copyComponents(*this, dest, 4); }       \
     MStatus Point::get(float dest[4]) const { return mhost::xyz::copyComponents(*this, dest, 4); }        \
     Real Point::operator()(unsigned int i) const { return mhost::xyz::pointComponent(*this, i); }         \

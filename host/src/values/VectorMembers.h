@@ -14,15 +14,12 @@
 // Expand it once, followed by a semicolon.
 #define MHOST_DEFINE_VECTOR_MEMBERS(Vector, OtherVector, Real)                                              \
     Vector::Vector() : x(0), y(0), z(0) {}                                                                  \
-    Vector::Vector(const Vector&) = default;                                                                \
     Vector::Vector(const OtherVector& v) : Vector(mhost::xyz::convert<Vector>(v)) {}                        \
     Vector::Vector(const MPoint& p) : Vector(mhost::xyz::convert<Vector>(mhost::xyz::cartesian(p))) {}      \
     Vector::Vector(const MFloatPoint& p) : Vector(mhost::xyz::convert<Vector>(mhost::xyz::cartesian(p))) {} \
     Vector::Vector(Real xx, Real yy, Real zz) : x(xx), y(yy), z(zz) {}                                      \
     Vector::Vector(const double d[3]) : x(Real(d[0])), y(Real(d[1])), z(Real(d[2])) {}                      \
     Vector::Vector(const float f[3]) : x(f[0]), y(f[1]), z(f[2]) {}                                         \
-    Vector::~Vector() = default;                                                                            \
-    Vector& Vector::operator=(const Vector&) = default;                                                     \
     Real Vector::operator()(unsigned int i) const { return mhost::xyz::vectorComponent(*this, i); }         \
     Real Vector::operator[](unsigned int i) const { return mhost::xyz::vectorComponent(*this, i); }         \
     Real& Vector::operator()(unsigned int i) { return mhost::xyz::vectorComponent(*this, i); }              \
