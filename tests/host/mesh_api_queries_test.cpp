@@ -2,6 +2,7 @@
 
 #include <maya/MFloatPointArray.h>
 #include <maya/MFloatVectorArray.h>
+#include <maya/MItMeshPolygon.h>
 
 #include <limits>
 
@@ -96,6 +97,30 @@ TEST_F(MeshApiQueries, NormalsFollowWindingAndTurnWithTheTransform) {
     EXPECT_TRUE(MVector(normals[7]).isEquivalent(MVector(third, third, third), 1e-6));
     ASSERT_TRUE(fn.getVertexNormal(4, false, normal));
     EXPECT_TRUE(normal.isEquivalent(MVector(-third, -third, third), 1e-9));
+}
+
+// The bulk normals are the corners' normals an iterator gives one by one, hard edges included.
+TEST_F(MeshApiQueries, BulkFaceVertexNormalsMatchTheCornersOneByOne) {
+    MFnMesh fn(cube);
+    ASSERT_TRUE(fn.setEdgeSmoothing(0, false));
+    ASSERT_TRUE(runCommand("setAttr cube.rotate 0.3 0 0"));
+    for (MSpace::Space space : {MSpace::kObject, MSpace::kWorld}) {
+        MFloatVectorArray normals;
+        MIntArray counts, ids;
+        ASSERT_TRUE(fn.getNormals(normals, space));
+        ASSERT_TRUE(fn.getNormalIds(counts, ids));
+        ASSERT_EQ(6u, counts.length());
+        ASSERT_EQ(24u, ids.length());
+        unsigned int corner = 0;
+        for (MItMeshPolygon polygons(cube); !polygons.isDone(); polygons.next()) {
+            ASSERT_EQ(static_cast<int>(polygons.polygonVertexCount()), counts[polygons.index()]);
+            for (int k = 0; k < counts[polygons.index()]; ++k, ++corner) {
+                MVector expected;
+                ASSERT_TRUE(polygons.getNormal(k, expected, space));
+                EXPECT_TRUE(MVector(normals[ids[corner]]).isEquivalent(expected, 1e-6)) << corner;
+            }
+        }
+    }
 }
 
 TEST_F(MeshApiQueries, BadIdsAndSpacesGiveFailingStatuses) {
