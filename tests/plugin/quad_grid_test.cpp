@@ -16,7 +16,7 @@
 
 #include "geometry/functions.h"
 #include "patch/kyStrakeToolCmd.h"
-#include "tests/plugin/patchScene.h"
+#include "tests/plugin/patchGeometryScene.h"
 
 namespace {
 
@@ -33,10 +33,10 @@ MPointArray line(const MPoint& start, const MVector& step, int count) {
     return points;
 }
 
-class QuadGrid : public kytest::PatchScene {
+class QuadGrid : public kytest::PatchGeometryScene {
 protected:
     void SetUp() override {
-        PatchScene::SetUp();
+        PatchGeometryScene::SetUp();
         locator = makeLocator();
     }
 

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "patch/kyStrakeToolCmd.h"
-#include "tests/plugin/patchScene.h"
+#include "tests/plugin/patchGeometryScene.h"
 
 namespace {
 

@@ -19,7 +19,7 @@
 
 #include "geometry/functions.h"
 #include "patch/kyStrakeToolCmd.h"
-#include "tests/plugin/patchScene.h"
+#include "tests/plugin/patchGeometryScene.h"
 
 namespace {
 
@@ -36,10 +36,10 @@ std::vector<int> winding(int first, bool up) {
               : std::vector<int>{first, first + 1, first + 2, first + 3};
 }
 
-class SurfaceProjection : public kytest::PatchScene {
+class SurfaceProjection : public kytest::PatchGeometryScene {
 protected:
     void SetUp() override {
-        PatchScene::SetUp();
+        PatchGeometryScene::SetUp();
         locator = makeLocator();
         accelParams = MFnMesh::autoUniformGridParams();
     }

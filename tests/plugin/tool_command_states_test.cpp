@@ -191,6 +191,35 @@ TEST_F(ToolCommandStates, SettersChooseTheOperation) {
     EXPECT_EQ(cmd.operation, kyStrakeToolCmd::kBevel);
 }
 
+// The road of the spans drag: whole meshes handed over, written into the patch node above the mesh,
+// with the rows going crosswise ("undo" restores the rows after, "redo" those before).
+TEST_F(ToolCommandStates, AChangeOfSpansWritesItsMeshesIntoTheUpstreamNode) {
+    kyStrakeToolCmd reader;
+    select(makeGrid(3, 1));
+    ASSERT_TRUE(reader.saveMeshSnapshot("undo"));
+    const MeshState wide = meshState(getActiveMeshPath());
+
+    const MDagPath retopo = makeGrid(2, 2);
+    const MeshState square = meshState(retopo);
+    select(retopo);
+    MObject node;
+    ASSERT_TRUE(applyPatchCommand("kyPatch1", retopo, node));
+    ASSERT_TRUE(reader.saveMeshSnapshot("redo"));
+
+    cmd.setMeshBefore(reader.meshBeforeState());
+    cmd.setMeshAfter(reader.meshAfterState());
+    cmd.setRowIds(idArray({0, 1, 2}), idArray({0, 1}), MIntArray(), MIntArray(), idArray({4, 5, 6}),
+                  idArray({1, 2}), MIntArray(), MIntArray());
+    ASSERT_TRUE(cmd.redoIt());
+    EXPECT_TRUE(meshState(retopo) == wide);
+    EXPECT_EQ(intArray("playervtx", locator), Ids({4, 5, 6}));
+    EXPECT_EQ(intArray("shadowIndices1", locator), Ids({1, 2}));
+    ASSERT_TRUE(cmd.undoIt());
+    EXPECT_TRUE(meshState(retopo) == square);
+    EXPECT_EQ(intArray("playervtx", locator), Ids({0, 1, 2}));
+    EXPECT_EQ(intArray("shadowIndices1", locator), Ids({0, 1}));
+}
+
 TEST_F(ToolCommandStates, RedoWithNothingSelectedFindsNoTarget) {
     for (uint32_t id : {0u, 1u, 5u, 7u, 8u, 14u}) {
         cmd.operation = id;

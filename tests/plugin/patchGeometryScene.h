@@ -29,7 +29,7 @@ inline MPointArray pointsOf(std::initializer_list<MPoint> points) {
     return array;
 }
 
-class PatchScene : public GeometryScene {
+class PatchGeometryScene : public GeometryScene {
 protected:
     void SetUp() override {
         GeometryScene::SetUp();
