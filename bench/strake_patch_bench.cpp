@@ -75,7 +75,8 @@ struct StrakeScene {
         run("connectAttr " + std::string(source.partialPathName().asChar()) + ".outMesh " + locator +
             ".kyStrakeMesh");
         const MObject locatorNode = findStrakeLocator();
-        MVectorArray normals(static_cast<unsigned int>(MFnMesh(source).numPolygons()), MVector(0.0, -1.0, 0.0));
+        MVectorArray normals(static_cast<unsigned int>(MFnMesh(source).numPolygons()),
+                             MVector(0.0, -1.0, 0.0));
         setVectorArrayAttr("inputNormals", locatorNode, normals);
 
         retopo = shapeOf(makeGrid(kRetopoColumns, kRetopoRows, kSpacing));
@@ -201,8 +202,8 @@ int main(int argc, char** argv) {
     const double reference = reporter.times["meshFromArrays"];
     if (reference > 0.0) {
         for (const char* name : {"strakePatch", "strakeUndo", "strakeRedo"})
-            std::printf("%s: %.2f ms, %.2fx the mesh built from its arrays (%.2f ms)\n", name, reporter.times[name],
-                        reporter.times[name] / reference, reference);
+            std::printf("%s: %.2f ms, %.2fx the mesh built from its arrays (%.2f ms)\n", name,
+                        reporter.times[name], reporter.times[name] / reference, reference);
     }
     return 0;
 }

@@ -98,7 +98,8 @@ MStatus kyStrakeToolCmd::appendBridgePatch(MPointArray row, MMeshIsectAccelParam
     const int base = meshVertexCount(meshPath);
     bool ok = false;
     MObject meshObject;
-    const MIntArray faces = buildQuadGrid(meshFn, rows, static_cast<unsigned int>(n - 1), 1, false, ok, meshObject);
+    const MIntArray faces =
+        buildQuadGrid(meshFn, rows, static_cast<unsigned int>(n - 1), 1, false, ok, meshObject);
 
     // Every new vertex is projected here, the spine's too.
     const MObject vertices = deltaVertices(base, meshFn.numVertices());

@@ -178,11 +178,13 @@ void kyStrakeToolCmd::setRedrawScratch(const MPointArray& before, const MPointAr
     setPoints(kRedrawScratch, before, after);
 }
 
-void kyStrakeToolCmd::setTweak(const MPointArray& before, const MPointArray& after) { setPoints(kTweak, before, after); }
+void kyStrakeToolCmd::setTweak(const MPointArray& before, const MPointArray& after) {
+    setPoints(kTweak, before, after);
+}
 
 // One array of shadow ids serves all three rows.
-void kyStrakeToolCmd::setBrushRelax(const MPointArray& before, const MPointArray& after, const MIntArray& playerIds,
-                                    const MIntArray& shadowIds) {
+void kyStrakeToolCmd::setBrushRelax(const MPointArray& before, const MPointArray& after,
+                                    const MIntArray& playerIds, const MIntArray& shadowIds) {
     locatorAfter.playerVertices = playerIds;
     locatorAfter.shadowIndices1 = shadowIds;
     locatorAfter.shadowIndices2 = shadowIds;
@@ -202,8 +204,9 @@ void kyStrakeToolCmd::setMeshAfter(const MeshSnapshot& snapshot) {
     meshAfter = snapshot;
 }
 
-void kyStrakeToolCmd::setRowIds(const MIntArray& a1, const MIntArray& a2, const MIntArray& a3, const MIntArray& a4,
-                                const MIntArray& b1, const MIntArray& b2, const MIntArray& b3, const MIntArray& b4) {
+void kyStrakeToolCmd::setRowIds(const MIntArray& a1, const MIntArray& a2, const MIntArray& a3,
+                                const MIntArray& a4, const MIntArray& b1, const MIntArray& b2,
+                                const MIntArray& b3, const MIntArray& b4) {
     rowsBefore = RowIds{a1, a2, a3, a4};
     rowsAfter = RowIds{b1, b2, b3, b4};
 }

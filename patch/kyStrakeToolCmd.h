@@ -110,8 +110,8 @@ public:
     // the patch welds to existing vertices. Returns the new face ids in creation order; `outOk`
     // false and no ids when the rows cannot be matched. `outMeshObject` takes each addPolygon's
     // result. Writes the shadow of the last band. Cost: quads x point-merge search.
-    MIntArray buildQuadGrid(MFnMesh& meshFn, const PolylineList& rows, unsigned int uSpans, unsigned int vSpans,
-                            bool allowUnequal, bool& outOk, MObject& outMeshObject);
+    MIntArray buildQuadGrid(MFnMesh& meshFn, const PolylineList& rows, unsigned int uSpans,
+                            unsigned int vSpans, bool allowUnequal, bool& outOk, MObject& outMeshObject);
     // Carries the chord of `profile` along `spine`, turning it by the angle of travel: the
     // profile itself, then one row of profile.length() points per spine point.
     static PolylineList sweepRows(MPointArray profile, MPointArray spine);

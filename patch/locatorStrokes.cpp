@@ -22,7 +22,8 @@ MPointArray subdivideSegments(const MPointArray& stroke, int subdivisions) {
     for (unsigned int i = 0; i + 1 < stroke.length(); ++i) {
         const MPoint& p = stroke[i];
         const MPoint& q = stroke[i + 1];
-        for (int k = 0; k < subdivisions; ++k) out.append(p + (q - p) * (static_cast<double>(k) / subdivisions));
+        for (int k = 0; k < subdivisions; ++k)
+            out.append(p + (q - p) * (static_cast<double>(k) / subdivisions));
         out.append(q);
     }
     return out;

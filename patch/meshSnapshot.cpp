@@ -131,9 +131,13 @@ MStatus kyStrakeToolCmd::saveMeshSnapshot(const MString& label) {
     return MS::kSuccess;
 }
 
-MStatus kyStrakeToolCmd::writeMeshAfterToNode(const MObject& node) { return writeSnapshotToNode(meshAfter, node); }
+MStatus kyStrakeToolCmd::writeMeshAfterToNode(const MObject& node) {
+    return writeSnapshotToNode(meshAfter, node);
+}
 
-MStatus kyStrakeToolCmd::writeMeshBeforeToNode(const MObject& node) { return writeSnapshotToNode(meshBefore, node); }
+MStatus kyStrakeToolCmd::writeMeshBeforeToNode(const MObject& node) {
+    return writeSnapshotToNode(meshBefore, node);
+}
 
 // The order is the node's: "polyconnUV" comes last because writing it is what dirties the node's
 // output, so one full write ends with the mesh rebuilt from all fourteen arrays.

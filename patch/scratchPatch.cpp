@@ -77,4 +77,6 @@ MStatus kyStrakeToolCmd::deleteNodeIfExists(const MObject& node) {
     return deleteByNameIfExists(name);
 }
 
-MStatus kyStrakeToolCmd::deleteMeshTransform(const MDagPath& path) { return deleteByNameIfExists(path.fullPathName()); }
+MStatus kyStrakeToolCmd::deleteMeshTransform(const MDagPath& path) {
+    return deleteByNameIfExists(path.fullPathName());
+}

@@ -4,9 +4,9 @@
 // the one asked for back into the scene. Every array is owned by value and starts empty.
 
 #include <maya/MFloatArray.h>
-#include <maya/MStatus.h>
 #include <maya/MIntArray.h>
 #include <maya/MPointArray.h>
+#include <maya/MStatus.h>
 #include <maya/MVectorArray.h>
 
 #include <cstdint>

@@ -95,6 +95,7 @@ MStatus kyStrakeContext::applyBridgeStroke() {
     KY_RETURN_ON_FAILURE(cmd->finalize());
     anchorEdges.clear();
     anchorVertices.clear();
-    setInfoLines(helpSubdivisions + helpSeparator + helpBrushes + helpSeparator + helpApply, "Strake_patch created");
+    setInfoLines(helpSubdivisions + helpSeparator + helpBrushes + helpSeparator + helpApply,
+                 "Strake_patch created");
     return view.refresh(false, false, false);
 }

@@ -1,7 +1,7 @@
 // Gesture work that the dispatch already calls but that is not built yet: anchor rows, brushes,
-// slices, freezing, the bridge and merge of borders and the patch rework behind releases and keys. Each routine here does nothing
-// and succeeds (or finds nothing), so that the dispatch around it runs unchanged; each moves to a
-// source of its own when it is written.
+// slices, freezing, the bridge and merge of borders, and the rework of the last patch. Each routine
+// here does nothing and succeeds (or finds nothing), so that the dispatch around it runs unchanged;
+// each moves to a source of its own when it is written.
 
 #include "tool/kyStrake.h"
 

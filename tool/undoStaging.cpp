@@ -58,5 +58,6 @@ MStatus kyStrakeContext::savePositions() {
 }
 
 void kyStrakeContext::flushRowIds(kyStrakeToolCmd* cmd) {
-    cmd->setRowIds(playersBefore, row1Before, row2Before, row3Before, playersAfter, row1After, row2After, row3After);
+    cmd->setRowIds(playersBefore, row1Before, row2Before, row3Before, playersAfter, row1After, row2After,
+                   row3After);
 }

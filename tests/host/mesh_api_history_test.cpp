@@ -70,10 +70,10 @@ TEST_F(MeshApiHistory, PolyTweakAddsItsOffsetsBetweenTwoShapes) {
 }
 
 TEST_F(MeshApiHistory, DeletingAnObjectTakesTheHistoryThatFeedsOnlyIt) {
-    ASSERT_TRUE(
-        runCommand("createNode polyTweak -n only; createNode polyTweak -n shared;"
-                   "connectAttr srcShape.outMesh shared.inputPolymesh; connectAttr shared.output only.inputPolymesh;"
-                   "connectAttr only.output dstShape.inMesh"));
+    ASSERT_TRUE(runCommand(
+        "createNode polyTweak -n only; createNode polyTweak -n shared;"
+        "connectAttr srcShape.outMesh shared.inputPolymesh; connectAttr shared.output only.inputPolymesh;"
+        "connectAttr only.output dstShape.inMesh"));
     ASSERT_TRUE(runCommand("delete dst"));
     EXPECT_EQ("0", commandResult("objExists only"));
     EXPECT_EQ("0", commandResult("objExists shared"));
@@ -84,10 +84,11 @@ TEST_F(MeshApiHistory, DeletingAnObjectTakesTheHistoryThatFeedsOnlyIt) {
 }
 
 TEST_F(MeshApiHistory, HistoryThatFeedsAnotherObjectSurvivesTheDelete) {
-    ASSERT_TRUE(
-        runCommand("createNode polyTweak -n shared; createNode transform -n other; createNode mesh -n otherShape -p other;"
-                   "connectAttr srcShape.outMesh shared.inputPolymesh; connectAttr shared.output dstShape.inMesh;"
-                   "connectAttr shared.output otherShape.inMesh"));
+    ASSERT_TRUE(runCommand(
+        "createNode polyTweak -n shared; createNode transform -n other; createNode mesh -n otherShape -p "
+        "other;"
+        "connectAttr srcShape.outMesh shared.inputPolymesh; connectAttr shared.output dstShape.inMesh;"
+        "connectAttr shared.output otherShape.inMesh"));
     ASSERT_TRUE(runCommand("delete dst"));
     EXPECT_EQ("1", commandResult("objExists shared"));
 }

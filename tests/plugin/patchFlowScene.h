@@ -29,7 +29,8 @@ inline MeshState meshState(const MDagPath& path) {
     MFnMesh mesh(path);
     MPointArray points;
     mesh.getPoints(points, MSpace::kObject);
-    for (unsigned int i = 0; i < points.length(); ++i) state.points.insert(state.points.end(), {points[i].x, points[i].y, points[i].z});
+    for (unsigned int i = 0; i < points.length(); ++i)
+        state.points.insert(state.points.end(), {points[i].x, points[i].y, points[i].z});
     MIntArray counts, connects;
     mesh.getVertices(counts, connects);
     state.counts = asVector(counts);
@@ -49,7 +50,8 @@ inline LocatorArrays locatorArrays(const MObject& locator, std::initializer_list
         if (getIntArrayAttr(name, locator, ids) && ids.length() > 0) {
             for (unsigned int i = 0; i < ids.length(); ++i) values.push_back(ids[i]);
         } else if (getPointArrayAttr(name, locator, points)) {
-            for (unsigned int i = 0; i < points.length(); ++i) values.insert(values.end(), {points[i].x, points[i].y, points[i].z});
+            for (unsigned int i = 0; i < points.length(); ++i)
+                values.insert(values.end(), {points[i].x, points[i].y, points[i].z});
         }
     }
     return arrays;
@@ -57,8 +59,8 @@ inline LocatorArrays locatorArrays(const MObject& locator, std::initializer_list
 
 // The locator's memory of the last patch, as undo and redo restore it.
 inline LocatorArrays rowArrays(const MObject& locator) {
-    return locatorArrays(locator, {"playervtx", "playerpts", "playersLine", "shadowIndices1", "shadowIndices2",
-                                   "shadowIndices3", "strokesShadow", "sizesShadow"});
+    return locatorArrays(locator, {"playervtx", "playerpts", "playersLine", "shadowIndices1",
+                                   "shadowIndices2", "shadowIndices3", "strokesShadow", "sizesShadow"});
 }
 
 class PatchFlowScene : public ContextScene {
@@ -68,8 +70,9 @@ protected:
         makeSourceScene();
         if (transformed) {
             const std::string transform = MFnDependencyNode(source.transform()).name().asChar();
-            ASSERT_TRUE(mhost::driver::runCommand("setAttr " + transform + ".translateY 1.5; setAttr " + transform +
-                                                  ".rotateX 0.3; setAttr " + transform + ".rotateZ -0.2"));
+            ASSERT_TRUE(mhost::driver::runCommand("setAttr " + transform + ".translateY 1.5; setAttr " +
+                                                  transform + ".rotateX 0.3; setAttr " + transform +
+                                                  ".rotateZ -0.2"));
         }
         MGlobal::clearSelectionList();
         setOption("ky_uspan", 4);

@@ -75,8 +75,9 @@ TEST_F(ToolCommandStates, MeshSnapshotLabelsRunCrosswise) {
 TEST_F(ToolCommandStates, KeptStrokesSplitBySizesOrFallBackOnTheShadow) {
     MStatus status;
     setIntArrayAttr("sizesNondestruct", locator, idArray({3, 3}));
-    setPointArrayAttr("strokesNondestruct", locator,
-                      pointsOf({MPoint(0, 0, 0), MPoint(1, 0, 0), MPoint(2, 0, 0), MPoint(0, 0, 1), MPoint(1, 0, 1)}));
+    setPointArrayAttr(
+        "strokesNondestruct", locator,
+        pointsOf({MPoint(0, 0, 0), MPoint(1, 0, 0), MPoint(2, 0, 0), MPoint(0, 0, 1), MPoint(1, 0, 1)}));
     PolylineList kept = getNondestructStrokes(status);
     ASSERT_TRUE(status);
     ASSERT_EQ(kept.size(), 2u);
@@ -84,7 +85,8 @@ TEST_F(ToolCommandStates, KeptStrokesSplitBySizesOrFallBackOnTheShadow) {
     EXPECT_EQ(kept[1].length(), 2u);
 
     setIntArrayAttr("sizesNondestruct", locator, MIntArray());
-    writeShadowStrokes(pointsOf({MPoint(0, 0, 5), MPoint(1, 0, 5)}), pointsOf({MPoint(0, 0, 6)}), MPointArray());
+    writeShadowStrokes(pointsOf({MPoint(0, 0, 5), MPoint(1, 0, 5)}), pointsOf({MPoint(0, 0, 6)}),
+                       MPointArray());
     kept = getNondestructStrokes(status);
     ASSERT_EQ(kept.size(), 2u);
     EXPECT_EQ(kept[0][1], MPoint(1, 0, 5));
@@ -95,8 +97,8 @@ TEST_F(ToolCommandStates, KeptStrokesSplitBySizesOrFallBackOnTheShadow) {
 }
 
 TEST_F(ToolCommandStates, LocatorRestoreNeedsAPlayerRowWhenTheOperationBegan) {
-    writeShadowStrokes(pointsOf({MPoint(0, 0, 0), MPoint(1, 0, 0)}), pointsOf({MPoint(0, 0, 1), MPoint(1, 0, 1)}),
-                       MPointArray());
+    writeShadowStrokes(pointsOf({MPoint(0, 0, 0), MPoint(1, 0, 0)}),
+                       pointsOf({MPoint(0, 0, 1), MPoint(1, 0, 1)}), MPointArray());
     ASSERT_TRUE(cmd.saveLocatorState("undo"));
     ASSERT_TRUE(cmd.saveLocatorState("redo"));
     clearShadowStrokes();

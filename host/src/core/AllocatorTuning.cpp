@@ -11,8 +11,8 @@
 namespace mhost {
 namespace {
 
-constexpr int kLargeBlockBytes = 64 << 20;   // blocks below this come from the heap
-constexpr int kKeptFreeBytes = 256 << 20;    // free heap kept before it is returned
+constexpr int kLargeBlockBytes = 64 << 20;  // blocks below this come from the heap
+constexpr int kKeptFreeBytes = 256 << 20;   // free heap kept before it is returned
 
 const bool allocatorTuned = [] {
 #if defined(__GLIBC__)

@@ -123,7 +123,8 @@ MStatus MItGeometry::allPositions(MPointArray& points, MSpace::Space space) cons
         const mhost::MeshSpace& frame = walk.frame(space);
         const mhost::MeshTopology& mesh = walk.topology();
         points.setLength(static_cast<unsigned int>(vertices.size()));
-        for (std::size_t i = 0; i < vertices.size(); ++i) points[i] = frame.pointOut(Vec3(mesh.point(vertices[i])));
+        for (std::size_t i = 0; i < vertices.size(); ++i)
+            points[i] = frame.pointOut(Vec3(mesh.point(vertices[i])));
     });
 }
 

@@ -171,7 +171,8 @@ private:
             }
         }
         for (const auto& candidate : scene().nodes())
-            if (history.count(candidate.get()) && doomed.count(candidate.get())) modifier_.deleteNode(wrapNode(candidate));
+            if (history.count(candidate.get()) && doomed.count(candidate.get()))
+                modifier_.deleteNode(wrapNode(candidate));
     }
 
     static void collectSubtree(Node* node, std::set<Node*>& found) {

@@ -8,7 +8,7 @@
 MHOST_DEFINE_VECTOR_MEMBERS(MVector, MFloatVector, double);
 
 MVector MVector::operator*(const MMatrix& m) const {
-    const double (&a)[4][4] = m.matrix;
+    const double(&a)[4][4] = m.matrix;
     return MVector(x * a[0][0] + y * a[1][0] + z * a[2][0], x * a[0][1] + y * a[1][1] + z * a[2][1],
                    x * a[0][2] + y * a[1][2] + z * a[2][2]);
 }
