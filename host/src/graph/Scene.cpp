@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <unordered_set>
 
 #include "core/Uuid.h"
 #include "graph/ApiBridge.h"
@@ -134,16 +135,17 @@ MStatus Scene::reparent(const NodePtr& node, Node* newParent) {
     return MS::kSuccess;
 }
 
+// The names in use are gathered once, so that a scene with many nodes of one stem (loose tweak
+// nodes, say) does not scan the whole scene for every number tried.
 std::string Scene::uniqueName(const std::string& requested, const Node* except) const {
-    auto taken = [&](const std::string& name) {
-        auto node = findNode(name);
-        return node && node.get() != except;
-    };
-    if (!taken(requested)) return requested;
+    std::unordered_set<std::string> taken;
+    for (const auto& node : nodes_)
+        if (node.get() != except) taken.insert(node->name);
+    if (!taken.count(requested)) return requested;
     const std::string stem = stemOf(requested);
     for (int n = 1;; ++n) {
         std::string candidate = stem + std::to_string(n);
-        if (!taken(candidate)) return candidate;
+        if (!taken.count(candidate)) return candidate;
     }
 }
 

@@ -212,6 +212,15 @@ void MeshTopology::setEdgeSmooth(int edge, bool smooth) {
     version_ = nextVersion();
 }
 
+void MeshTopology::setEdgesSmooth(const std::vector<int>& edges, const std::vector<int>& smooth) {
+    const int count = numEdges();
+    for (int edge : edges) checkIndex(kOwner, "edge", edge, count);
+    if (hardEdges_.size() < static_cast<std::size_t>(count)) hardEdges_.resize(count, 0);
+    for (std::size_t i = 0; i < edges.size(); ++i) hardEdges_[edges[i]] = smooth[i] != 0 ? 0 : 1;
+    derived_.faceVertexNormals.reset();
+    version_ = nextVersion();
+}
+
 void MeshTopology::createUvSet(const std::string& name) {
     uvSets_.create(name);
     version_ = nextVersion();

@@ -75,6 +75,9 @@ public:
     // Every edge is smooth until set otherwise.
     bool isEdgeSmooth(int edge) const;
     void setEdgeSmooth(int edge, bool smooth);
+    // The same for many edges at once (smooth[i], non-zero for smooth, for edges[i]): one change of
+    // the mesh rather than one per edge. Every id is checked before anything changes.
+    void setEdgesSmooth(const std::vector<int>& edges, const std::vector<int>& smooth);
 
     const UvSets& uvSets() const { return uvSets_; }
     void createUvSet(const std::string& name);

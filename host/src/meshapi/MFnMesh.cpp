@@ -50,10 +50,6 @@ MStatus writePoints(MFnMesh& fn, const PointArray& points, MSpace::Space space) 
     });
 }
 
-void checkEdges(const MeshTopology& mesh, const std::vector<int>& edges) {
-    for (int edge : edges) mhost::checkIndex("MFnMesh", "edge", edge, mesh.numEdges());
-}
-
 }  // namespace
 
 MFnMesh::MFnMesh(const MDagPath& object, MStatus* ReturnStatus) {
@@ -223,10 +219,8 @@ MStatus MFnMesh::setEdgeSmoothings(const MIntArray& edgeIds, const MIntArray& sm
         if (edgeIds.length() != smooths.length())
             throw mhost::HostError("MFnMesh: setEdgeSmoothings needs one smoothing value per edge");
         const std::vector<int> edges = mhost::intsOf(edgeIds);
-        attachedMesh(*this).edit([&](MeshTopology& mesh) {
-            checkEdges(mesh, edges);
-            for (std::size_t i = 0; i < edges.size(); ++i) mesh.setEdgeSmooth(edges[i], smooths[i] != 0);
-        });
+        const std::vector<int> smooth = mhost::intsOf(smooths);
+        attachedMesh(*this).edit([&](MeshTopology& mesh) { mesh.setEdgesSmooth(edges, smooth); });
     });
 }
 

@@ -94,11 +94,15 @@ int elementCountOf(MFn::Type type, const MeshTopology& mesh) {
     return mesh.numFaces();
 }
 
-MeshComponentPtr parseMeshComponent(const std::string& text, const MeshTopology& mesh) {
+bool looksLikeMeshComponent(const std::string& text) {
     const std::size_t open = text.find('[');
-    if (open == std::string::npos || text.back() != ']') return nullptr;
+    return open != std::string::npos && text.back() == ']' && kindNamed(text.substr(0, open));
+}
+
+MeshComponentPtr parseMeshComponent(const std::string& text, const MeshTopology& mesh) {
+    if (!looksLikeMeshComponent(text)) return nullptr;
+    const std::size_t open = text.find('[');
     const ComponentKind* kind = kindNamed(text.substr(0, open));
-    if (!kind) return nullptr;
     auto component = std::make_shared<MeshComponent>(kind->type);
     const int count = elementCountOf(kind->type, mesh);
     const std::string inside = text.substr(open + 1, text.size() - open - 2);

@@ -47,5 +47,8 @@ int elementCountOf(MFn::Type type, const MeshTopology& mesh);
 // The component a selection-string suffix such as "vtx[2:5]" names on `mesh`, or null when the text is
 // no mesh component or names an element the mesh does not have.
 MeshComponentPtr parseMeshComponent(const std::string& text, const MeshTopology& mesh);
+// Whether `text` has the form of a component ("vtx[...]", "e[...]", ...), ids unchecked: names that
+// cannot be components are told apart without looking at the mesh.
+bool looksLikeMeshComponent(const std::string& text);
 
 }  // namespace mhost

@@ -98,6 +98,8 @@ MBoundingBox boundsOf(const NodePtr& shape) {
 }
 
 MObject componentOf(const NodePtr& shape, const std::string& text) {
+    // An attribute name is no component: it needs no evaluation of the shape's geometry.
+    if (!looksLikeMeshComponent(text)) return MObject();
     try {
         auto component = parseMeshComponent(text, shapeGeometry(shape)->mesh());
         return component ? MObject(component) : MObject();
