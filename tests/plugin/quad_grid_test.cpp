@@ -202,6 +202,22 @@ TEST_F(QuadGrid, PatchGrownFromExistingVerticesNumbersItsFarRowByTheMergeOrder) 
     EXPECT_EQ(values(shadowSizes), (std::vector<int>{5, 5}));
 }
 
+TEST_F(QuadGrid, DropsTheRetopoMeshTweaksFirst) {
+    const MDagPath grid = makeGrid(4, 1);
+    select(grid);
+    ASSERT_TRUE(mhost::driver::runCommand("setAttr " + std::string(grid.partialPathName().asChar()) +
+                                          ".pnts[0] 0 3 0"));
+    MFnMesh meshFn(grid);
+    build(
+        meshFn,
+        PolylineList{line(MPoint(0, 0, 1), MVector(1, 0, 0), 5), line(MPoint(0, 0, 2), MVector(1, 0, 0), 5)},
+        4, 1);
+
+    MPoint corner;
+    meshFn.getPoint(0, corner);
+    expectNear(corner, MPoint(0, 0, 0), "vertex 0 without its tweak");
+}
+
 TEST_F(QuadGrid, ClosedFirstRowOfTwoSpansBecomesARingOfThree) {
     const MPointArray ring =
         pointsOf({MPoint(1, 0, 0), MPoint(-0.5, 0, 0.8), MPoint(-0.5, 0, -0.8), MPoint(1, 0, 0)});
