@@ -42,6 +42,33 @@ bool isExactlyClosed(const MPointArray& row) {
     return first.x == last.x && first.y == last.y && first.z == last.z && first.w == last.w;
 }
 
+// Adds the quads between `rowA` and `rowB` (of equal length, at least 2) to `meshFn`: columns in
+// the outer loop, strips in the inner one, corners in the order that the point merge numbering
+// relies on. Appends each face id to `faces` (-1 for a quad the host refused, which is reported
+// and skipped) and each addPolygon result to `meshObject`.
+void addBand(MFnMesh& meshFn, const MPointArray& rowA, const MPointArray& rowB, unsigned int vSpans,
+             double pinch, double tolerance, MIntArray& faces, MObject& meshObject) {
+    for (unsigned int j = 0; j + 1 < rowA.length(); ++j) {
+        const MPoint& a = rowA[j];
+        const MPoint& c = rowA[j + 1];
+        const MVector U = (rowB[j] - a) / vSpans;
+        const MVector V = (rowB[j + 1] - c) / vSpans;
+        for (unsigned int k = 0; k < vSpans; ++k) {
+            const StripSpan span = stripSpan(k, vSpans, pinch);
+            MPointArray corners;
+            corners.append(a + U * span.lo);
+            corners.append(c + V * span.lo);
+            corners.append(c + V * span.hi);
+            corners.append(a + U * span.hi);
+            int faceIndex = -1;
+            MStatus status;
+            meshObject = meshFn.addPolygon(corners, faceIndex, true, tolerance, MObject::kNullObj, &status);
+            KY_REPORT_FAILURE(status);
+            faces.append(faceIndex);
+        }
+    }
+}
+
 }  // namespace
 
 double kyStrakeToolCmd::mergeThreshold() {
@@ -55,10 +82,12 @@ MIntArray kyStrakeToolCmd::buildQuadGrid(MFnMesh& meshFn, const PolylineList& ro
     const double tolerance = mergeThreshold();
     const double pinch = vSpans <= 3 ? 0.0 : getPinch();
 
-    if (rows.empty() || rows[0].length() == 0) {
+    // Rows that cannot be matched: no ids, though faces of earlier bands stay in the mesh.
+    auto fail = [&outOk]() {
         outOk = false;
         return MIntArray();
-    }
+    };
+    if (rows.empty() || rows[0].length() == 0) return fail();
     // A ring of fewer than three quads is no ring.
     if (isExactlyClosed(rows[0]) && uSpans < 3) uSpans = 3;
 
@@ -74,38 +103,12 @@ MIntArray kyStrakeToolCmd::buildQuadGrid(MFnMesh& meshFn, const PolylineList& ro
         if (rowA.length() != uSpans + 1) rowA = resampleStroke(rows[r], static_cast<int>(uSpans));
         if (rowB.length() != rowA.length())
             rowB = resampleStroke(rows[r + 1], static_cast<int>(rowA.length()));
-        if (rowA.length() != rowB.length() && !allowUnequal) {
-            outOk = false;
-            return MIntArray();
-        }
+        if (rowA.length() != rowB.length() && !allowUnequal) return fail();
         lastA = rowA;
         lastB = rowB;
-        if (rowA.length() < 2 || rowB.length() < 2) {
-            outOk = false;
-            return MIntArray();
-        }
+        if (rowA.length() < 2 || rowB.length() < 2) return fail();
 
-        for (unsigned int j = 0; j + 1 < rowA.length(); ++j) {
-            const MPoint& a = rowA[j];
-            const MPoint& c = rowA[j + 1];
-            const MVector U = (rowB[j] - a) / vSpans;
-            const MVector V = (rowB[j + 1] - c) / vSpans;
-            for (unsigned int k = 0; k < vSpans; ++k) {
-                const StripSpan span = stripSpan(k, vSpans, pinch);
-                MPointArray corners;
-                corners.append(a + U * span.lo);
-                corners.append(c + V * span.lo);
-                corners.append(c + V * span.hi);
-                corners.append(a + U * span.hi);
-                // A failed quad is left out of the mesh, but its slot in the ids stays (as -1).
-                int faceIndex = -1;
-                MStatus status;
-                outMeshObject =
-                    meshFn.addPolygon(corners, faceIndex, true, tolerance, MObject::kNullObj, &status);
-                KY_REPORT_FAILURE(status);
-                faces.append(faceIndex);
-            }
-        }
+        addBand(meshFn, rowA, rowB, vSpans, pinch, tolerance, faces, outMeshObject);
     }
 
     KY_REPORT_FAILURE(writeShadowStrokes(lastA, lastB, MPointArray()));

@@ -28,9 +28,9 @@ PolylineList kyStrakeToolCmd::sweepRows(MPointArray profile, MPointArray spine) 
         const MVector travel = spine[i] - middle;
         // About 0 when travelling along the chord, 1 across it and 2 against it.
         const double turn = chord.angle(travel) / kQuarterTurn;
-        const MVector step = travel * (chord.length() / travel.length());
-        const MPoint movedRight = right + step * turn;
-        const MPoint movedLeft = left + step + step * (1.0 - turn);
+        const MVector reach = travel * (chord.length() / travel.length());
+        const MPoint movedRight = right + reach * turn;
+        const MPoint movedLeft = left + reach + reach * (1.0 - turn);
         const MVector turned = movedRight - movedLeft;
         // Back to the chord's old length, centred on the spine point.
         const MVector halfChord = turned * 0.5 * (chord.length() / turned.length());

@@ -81,3 +81,14 @@ TEST(ResamplePolyline, ZeroLengthEndSegmentsAreNotGuarded) {
     const MPointArray collapsed = resamplePolyline(polyline({MPoint(1, 1, 1), MPoint(1, 1, 1)}), 3);
     for (unsigned int k = 0; k < 3; ++k) EXPECT_FALSE(finite(collapsed[k])) << k;
 }
+
+TEST(ResampleStroke, CountsBelowTwoGiveTheTwoEnds) {
+    const MPointArray stroke = polyline({MPoint(0, 0, 0), MPoint(1, 1, 0), MPoint(3, 1, 0)});
+    for (int count : {-3, 0, 1, 2}) {
+        const MPointArray result = resampleStroke(stroke, count);
+        ASSERT_EQ(result.length(), 2u) << "count " << count;
+        EXPECT_TRUE(result[0].isEquivalent(MPoint(0, 0, 0), 1e-12)) << count;
+        EXPECT_TRUE(result[1].isEquivalent(MPoint(3, 1, 0), 1e-12)) << count;
+    }
+    EXPECT_EQ(resampleStroke(stroke, 6).length(), 6u);
+}

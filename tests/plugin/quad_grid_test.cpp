@@ -202,31 +202,40 @@ TEST_F(QuadGrid, PatchGrownFromExistingVerticesNumbersItsFarRowByTheMergeOrder) 
     EXPECT_EQ(values(shadowSizes), (std::vector<int>{5, 5}));
 }
 
-TEST_F(QuadGrid, ClosedFirstRowOfTwoSpansBecomesARingOfThree) {
-    const MPointArray ring =
-        pointsOf({MPoint(1, 0, 0), MPoint(-0.5, 0, 0.8), MPoint(-0.5, 0, -0.8), MPoint(1, 0, 0)});
-    MPointArray ringAbove;
-    for (unsigned int i = 0; i < ring.length(); ++i) ringAbove.append(ring[i] + MVector(0, 1, 0));
-    MFnMesh meshFn;
-    const MIntArray faces = build(meshFn, PolylineList{ring, ringAbove}, 2, 2);
+TEST_F(QuadGrid, DropsTheRetopoMeshTweaksFirst) {
+    const MDagPath grid = makeGrid(4, 1);
+    select(grid);
+    ASSERT_TRUE(mhost::driver::runCommand("setAttr " + std::string(grid.partialPathName().asChar()) +
+                                          ".pnts[0] 0 3 0"));
+    MFnMesh meshFn(grid);
+    build(
+        meshFn,
+        PolylineList{line(MPoint(0, 0, 1), MVector(1, 0, 0), 5), line(MPoint(0, 0, 2), MVector(1, 0, 0), 5)},
+        4, 1);
 
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(faces.length(), 6u);
-    EXPECT_EQ(meshFn.numVertices(), 9) << "the third column closes on the first by point merge";
+    MPoint corner;
+    meshFn.getPoint(0, corner);
+    expectNear(corner, MPoint(0, 0, 0), "vertex 0 without its tweak");
 }
 
-TEST_F(QuadGrid, RowNotQuiteClosedIsResampledToUSpansPoints) {
-    // The last point misses the first by a hair: not a ring, so the four points are resampled to
-    // uSpans = 2 points, one quad per strip.
-    const MPointArray open =
-        pointsOf({MPoint(1, 0, 0), MPoint(-0.5, 0, 0.8), MPoint(-0.5, 0, -0.8), MPoint(1, 0, 1e-12)});
+// A triangle ring in y = 0 whose last point is `lastPoint`, and the same raised to y = 1.
+PolylineList ringBand(const MPoint& lastPoint) {
+    const MPointArray ring =
+        pointsOf({MPoint(1, 0, 0), MPoint(-0.5, 0, 0.8), MPoint(-0.5, 0, -0.8), lastPoint});
     MPointArray above;
-    for (unsigned int i = 0; i < open.length(); ++i) above.append(open[i] + MVector(0, 1, 0));
-    MFnMesh meshFn;
-    const MIntArray faces = build(meshFn, PolylineList{open, above}, 2, 1);
+    for (unsigned int i = 0; i < ring.length(); ++i) above.append(ring[i] + MVector(0, 1, 0));
+    return PolylineList{ring, above};
+}
 
+TEST_F(QuadGrid, ClosedFirstRowOfTwoSpansBecomesARingOfThree) {
+    MFnMesh closed;
+    EXPECT_EQ(build(closed, ringBand(MPoint(1, 0, 0)), 2, 2).length(), 6u);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(faces.length(), 1u);
+    EXPECT_EQ(closed.numVertices(), 9) << "the third column closes on the first by point merge";
+
+    // Missing the first point by a hair is no ring: four points are resampled to uSpans = 2 points.
+    MFnMesh open;
+    EXPECT_EQ(build(open, ringBand(MPoint(1, 0, 1e-12)), 2, 2).length(), 2u);
 }
 
 TEST_F(QuadGrid, RowsOfTheWrongLengthComeOutOneShort) {
@@ -311,10 +320,6 @@ TEST_F(QuadGrid, MergesByDistanceAloneWithinTheThreshold) {
     build(raised, rows, 2, 1);
     EXPECT_EQ(raised.numVertices(), 3 + 5) << "the far corner fuses with the stray vertex";
     EXPECT_EQ(vertexAt(raised, MPoint(2.01, 0, 3)), 2);
-}
-
-TEST_F(QuadGrid, MergeThresholdDefaultsWhenUnset) {
-    EXPECT_DOUBLE_EQ(kyStrakeToolCmd::mergeThreshold(), 0.001);
 }
 
 }  // namespace

@@ -63,6 +63,14 @@ protected:
         return command.projectOnSource(mesh, vertices, accelParams, status);
     }
 
+    // Rows 1 and 2 of the locator (row 3 empty).
+    static void setRows(std::initializer_list<int> row1, std::initializer_list<int> row2) {
+        MIntArray ids1, ids2;
+        for (int id : row1) ids1.append(id);
+        for (int id : row2) ids2.append(id);
+        ASSERT_TRUE(writeShadowIndices(ids1, ids2, MIntArray()));
+    }
+
     static MPointArray objectPoints(const MDagPath& path) {
         MPointArray points;
         MFnMesh(path).getPoints(points);
@@ -239,12 +247,6 @@ protected:
         select(patch);
         return patch;
     }
-    static void setRows(std::initializer_list<int> row1, std::initializer_list<int> row2) {
-        MIntArray ids1, ids2;
-        for (int id : row1) ids1.append(id);
-        for (int id : row2) ids2.append(id);
-        ASSERT_TRUE(writeShadowIndices(ids1, ids2, MIntArray()));
-    }
 };
 
 TEST_F(DirectionOnly, SecondRowsFirstVertexDecidesAndNothingMoves) {
@@ -258,12 +260,20 @@ TEST_F(DirectionOnly, SecondRowsFirstVertexDecidesAndNothingMoves) {
         const MPointArray after = objectPoints(patch);
         for (unsigned int i = 0; i < 4; ++i) EXPECT_EQ(after[i].distanceTo(before[i]), 0.0) << i;
     }
-}
-
-TEST_F(DirectionOnly, NoSecondRowMeansNoFlip) {
-    makeCap(false);
+    // Row 1 alone tells nothing.
     setRows({0, 1}, {});
     EXPECT_FALSE(command.projectOnSource(MDagPath(), MObject::kNullObj, accelParams, status));
+}
+
+TEST_F(SurfaceProjection, DirectionOnlyCountsARowAtRightAnglesAsReversed) {
+    useSource(makeMesh(square(-2, -2, 2, 2, 0.0), {winding(0, false)}));
+    // An upright square facing +X over a source facing -Y.
+    const MDagPath patch = makeMesh(
+        pointsOf({MPoint(0.2, 1, -0.5), MPoint(0.2, 2, -0.5), MPoint(0.2, 2, 0.5), MPoint(0.2, 1, 0.5)}),
+        {{0, 1, 2, 3}});
+    select(patch);
+    setRows({}, {0});
+    EXPECT_TRUE(command.projectOnSource(patch, MObject::kNullObj, accelParams, status));
 }
 
 TEST_F(SurfaceProjection, WithoutASourceReportsTheFailureAndMovesNothing) {
