@@ -7,6 +7,8 @@
 #include <maya/MMatrix.h>
 #include <maya/MPlug.h>
 
+#include "graph/Node.h"
+#include "meshnode/MeshShapeNode.h"
 #include "support/MeshScene.h"
 
 namespace {
@@ -91,6 +93,21 @@ TEST_F(MeshApiHistory, HistoryThatFeedsAnotherObjectSurvivesTheDelete) {
         "connectAttr shared.output otherShape.inMesh"));
     ASSERT_TRUE(runCommand("delete dst"));
     EXPECT_EQ("1", commandResult("objExists shared"));
+}
+
+// Resolving "shape.attribute" must not pull the shape's mesh through its history; only a component
+// name ("shape.vtx[3]") needs the mesh.
+TEST_F(MeshApiHistory, NamingAnAttributeOfAShapeLeavesItsMeshUnevaluated) {
+    ASSERT_TRUE(
+        runCommand("createNode polyTweak -n tweaks; connectAttr srcShape.outMesh tweaks.inputPolymesh;"
+                   "connectAttr tweaks.output dstShape.inMesh; setAttr tweaks.tweak[3] 0 0 1"));
+    const mhost::NodePtr shape = mhost::nodeOf(dst.node());
+    const mhost::PlugKey outMesh{mhost::meshShapeAttributes().outMesh.get(), -1};
+    ASSERT_TRUE(shape->isDirty(outMesh));
+    ASSERT_TRUE(runCommand("getAttr dstShape.intermediateObject"));
+    EXPECT_TRUE(shape->isDirty(outMesh));
+    ASSERT_TRUE(runCommand("select dstShape.vtx[3]"));
+    EXPECT_FALSE(shape->isDirty(outMesh));
 }
 
 TEST_F(MeshApiHistory, EditsOnAShapeWithHistoryLastUntilTheHistoryEvaluatesAgain) {
