@@ -5,6 +5,8 @@
 
 #include <maya/MFnMesh.h>
 
+#include <cmath>
+
 #include "patch/kyStrakeToolCmd.h"
 #include "tests/plugin/patchFlowScene.h"
 
@@ -241,6 +243,39 @@ TEST_P(PatchScenario, ARetopoMeshDeletedBetweenGesturesIsMadeAnew) {
     const MDagPath retopo = getActiveMeshPath();
     ASSERT_TRUE(retopo.isValid());
     EXPECT_EQ(MFnMesh(retopo).numPolygons(), 12);
+}
+
+// Closed strokes make a ring that closes on itself by point merge; a stroke around its closed far
+// row grows the ring, and the far strake comes out closed again over its wrong last id.
+TEST_P(PatchScenario, ClosedStrokesMakeARingAndAClosedRowGrowsIt) {
+    auto circle = [&](double radius) {
+        const int steps = 24;
+        press(*context, onSource(5.0 + radius, 5.0), kLeft);
+        for (int i = 0; i <= steps; ++i) {
+            const double angle = 2.0 * M_PI * i / steps;
+            drag(*context, onSource(5.0 + radius * std::cos(angle), 5.0 + radius * std::sin(angle)), kLeft);
+        }
+        release(*context, onSource(5.0 + radius, 5.0), kLeft);
+    };
+    circle(1.5);
+    circle(3.0);
+    context->completeAction();
+    const MDagPath retopo = getActiveMeshPath();
+    ASSERT_TRUE(retopo.isValid());
+    MFnMesh mesh(retopo);
+    EXPECT_EQ(mesh.numPolygons(), 12);
+    EXPECT_EQ(mesh.numVertices(), 16) << "4 around by 4 rings: the seam is welded";
+    const MIntArray ringRow = takeFarRowAsPlayerRow();
+    ASSERT_EQ(ringRow.length(), 5u);
+    EXPECT_EQ(ringRow[0], ringRow[4]);
+
+    circle(4.2);
+    EXPECT_EQ(mesh.numPolygons(), 24);
+    EXPECT_EQ(mesh.numVertices(), 28);
+    EXPECT_EQ(intArray("playervtx", locator), Ids({21, 20, 24, 27, 21}));
+    EXPECT_EQ(intArray("shadowIndices1", locator), asVector(ringRow));
+    EXPECT_LT(largestDistanceFromSource(retopo), 1e-4);
+    EXPECT_EQ(facesAgainstSource(retopo), 0);
 }
 
 TEST_P(PatchScenario, AClickIsNoStrokeAndOneStrokeIsNoPatch) {
