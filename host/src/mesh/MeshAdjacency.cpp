@@ -20,7 +20,8 @@ void forEachFaceEdge(const CompressedRows& faces, const Visit& visit) {
 
 }  // namespace
 
-MeshAdjacency::MeshAdjacency(int numVertices, const CompressedRows& faces) : numVertices_(numVertices) {
+MeshAdjacency::MeshAdjacency(int numVertices, const CompressedRows& faces)
+    : numVertices_(numVertices), faces_(faces) {
     buildEdges(faces);
     const int numFaces = faces.numRows();
     edgeFaces_ = groupByRow(numEdges(), [&](const auto& emit) {
@@ -28,23 +29,31 @@ MeshAdjacency::MeshAdjacency(int numVertices, const CompressedRows& faces) : num
             for (int e : faceEdges(f)) emit(e, f);
         }
     });
-    vertexFaces_ = groupByRow(numVertices, [&](const auto& emit) {
+}
+
+const MeshAdjacency::VertexTables& MeshAdjacency::vertexTables() const {
+    if (vertexTables_) return *vertexTables_;
+    auto tables = std::make_unique<VertexTables>();
+    const int numFaces = faces_.numRows();
+    tables->vertexFaces = groupByRow(numVertices_, [&](const auto& emit) {
         for (int f = 0; f < numFaces; ++f) {
-            for (int v : faces.row(f)) emit(v, f);
+            for (int v : faces_.row(f)) emit(v, f);
         }
     });
-    vertexEdges_ = groupByRow(numVertices, [&](const auto& emit) {
+    tables->vertexEdges = groupByRow(numVertices_, [&](const auto& emit) {
         for (int e = 0; e < numEdges(); ++e) {
             emit(edgeEnds_[e].first, e);
             emit(edgeEnds_[e].second, e);
         }
     });
-    boundaryVertex_.assign(numVertices, 0);
+    tables->boundaryVertex.assign(numVertices_, 0);
     for (int e = 0; e < numEdges(); ++e) {
         if (edgeFaces_.row(e).size() != 1) continue;
-        boundaryVertex_[edgeEnds_[e].first] = 1;
-        boundaryVertex_[edgeEnds_[e].second] = 1;
+        tables->boundaryVertex[edgeEnds_[e].first] = 1;
+        tables->boundaryVertex[edgeEnds_[e].second] = 1;
     }
+    vertexTables_ = std::move(tables);
+    return *vertexTables_;
 }
 
 // Edges are found by their lower vertex id: each vertex gets as many slots as polygon edges have it as
@@ -94,19 +103,19 @@ IndexRange MeshAdjacency::faceEdges(int face) const {
 
 IndexRange MeshAdjacency::vertexFaces(int vertex) const {
     checkIndex(kOwner, "vertex", vertex, numVertices_);
-    return vertexFaces_.row(vertex);
+    return vertexTables().vertexFaces.row(vertex);
 }
 
 IndexRange MeshAdjacency::vertexEdges(int vertex) const {
     checkIndex(kOwner, "vertex", vertex, numVertices_);
-    return vertexEdges_.row(vertex);
+    return vertexTables().vertexEdges.row(vertex);
 }
 
 bool MeshAdjacency::isBoundaryEdge(int edge) const { return edgeFaces(edge).size() == 1; }
 
 bool MeshAdjacency::isBoundaryVertex(int vertex) const {
     checkIndex(kOwner, "vertex", vertex, numVertices_);
-    return boundaryVertex_[vertex] != 0;
+    return vertexTables().boundaryVertex[vertex] != 0;
 }
 
 int MeshAdjacency::findEdge(int a, int b) const {

@@ -1,8 +1,11 @@
 #pragma once
 // The connectivity derived from a mesh's polygons: edges with stable ids and every incidence relation
-// between vertices, edges and faces. Built in one O(face-vertices) pass and immutable afterwards; the
-// mesh rebuilds it after a change of its polygons.
+// between vertices, edges and faces. The edges and their faces are built in one O(face-vertices) pass;
+// the vertex-side tables (faces and edges of a vertex, boundary vertices) on their first use, since
+// most readers of a freshly built mesh only count or walk its edges. The mesh rebuilds it after a
+// change of its polygons.
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -37,15 +40,22 @@ public:
     int findEdge(int a, int b) const;
 
 private:
+    // The vertex-side tables, built together when first asked for.
+    struct VertexTables {
+        CompressedRows vertexFaces;
+        CompressedRows vertexEdges;
+        std::vector<char> boundaryVertex;
+    };
+
     void buildEdges(const CompressedRows& faces);
+    const VertexTables& vertexTables() const;
 
     int numVertices_;
+    CompressedRows faces_;
     std::vector<std::pair<int, int>> edgeEnds_;
     CompressedRows faceEdges_;
     CompressedRows edgeFaces_;
-    CompressedRows vertexFaces_;
-    CompressedRows vertexEdges_;
-    std::vector<char> boundaryVertex_;
+    mutable std::unique_ptr<const VertexTables> vertexTables_;
 };
 
 }  // namespace mhost
