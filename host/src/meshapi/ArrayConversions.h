@@ -16,14 +16,16 @@ void assignArray(Array& out, const Items& items) {
     for (const auto& item : items) out[i++] = item;
 }
 
-template <class Element, class Array>
-std::vector<Element> vectorOf(const Array& array) {
-    std::vector<Element> items(array.length());
-    for (unsigned int i = 0; i < array.length(); ++i) items[i] = array[i];
+// Whole-array copies in one call: mesh arrays run to tens of thousands of entries.
+inline std::vector<int> intsOf(const MIntArray& array) {
+    std::vector<int> items(array.length());
+    if (!items.empty()) array.get(items.data());
     return items;
 }
-
-inline std::vector<int> intsOf(const MIntArray& array) { return vectorOf<int>(array); }
-inline std::vector<float> floatsOf(const MFloatArray& array) { return vectorOf<float>(array); }
+inline std::vector<float> floatsOf(const MFloatArray& array) {
+    std::vector<float> items(array.length());
+    if (!items.empty()) array.get(items.data());
+    return items;
+}
 
 }  // namespace mhost
