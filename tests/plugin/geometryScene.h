@@ -87,14 +87,23 @@ protected:
         for (int r = 0; r <= rows; ++r) {
             for (int c = 0; c <= columns; ++c) points.append(MPoint(x0 + c, y, r));
         }
-        MIntArray counts, connects;
+        std::vector<std::vector<int>> faces;
         for (int r = 0; r < rows; ++r) {
             for (int c = 0; c < columns; ++c) {
                 const int corner = r * (columns + 1) + c;
-                counts.append(4);
-                for (int id : {corner, corner + 1, corner + columns + 2, corner + columns + 1})
-                    connects.append(id);
+                faces.push_back({corner, corner + 1, corner + columns + 2, corner + columns + 1});
             }
+        }
+        return makeMesh(points, faces);
+    }
+
+    // A mesh from its points (object space) and faces, each face a list of vertex ids. Returns the
+    // shape's path.
+    MDagPath makeMesh(const MPointArray& points, const std::vector<std::vector<int>>& faces) {
+        MIntArray counts, connects;
+        for (const std::vector<int>& face : faces) {
+            counts.append(static_cast<int>(face.size()));
+            for (int id : face) connects.append(id);
         }
         MFnMesh mesh;
         MStatus status;

@@ -44,25 +44,6 @@ protected:
         for (const char* name : {"ky_mergThreshold", "ky_distancesnap"}) MGlobal::removeOptionVar(name);
     }
 
-    // A mesh from its points (object space) and faces, each face a list of vertex ids. Returns the
-    // shape's path.
-    MDagPath makeMesh(const MPointArray& points, const std::vector<std::vector<int>>& faces) {
-        MIntArray counts, connects;
-        for (const std::vector<int>& face : faces) {
-            counts.append(static_cast<int>(face.size()));
-            for (int id : face) connects.append(id);
-        }
-        MFnMesh mesh;
-        MStatus status;
-        MObject transform = mesh.create(points.length(), counts.length(), points, counts, connects,
-                                        MObject::kNullObj, &status);
-        EXPECT_TRUE(status);
-        MDagPath path;
-        MDagPath::getAPathTo(transform, path);
-        path.extendToShape();
-        return path;
-    }
-
     // A closed UV sphere of `radius` about the origin: `rings` bands of `segments` faces, capped by
     // triangle fans. Faces wind so that normals point outwards.
     MDagPath makeSphere(double radius, int rings, int segments) {

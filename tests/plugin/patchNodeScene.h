@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "mesh/ProceduralMeshes.h"
+#include "tests/host/support/MeshScene.h"
 #include "tests/plugin/pluginScene.h"
 
 namespace kytest {
@@ -45,11 +46,8 @@ struct MeshLook {
     }
 };
 
-inline std::vector<int> toVector(const MIntArray& array) {
-    std::vector<int> result;
-    for (unsigned int i = 0; i < array.length(); ++i) result.push_back(array[i]);
-    return result;
-}
+// The id arrays' toVector is the host tests' own (tests/host/support/MeshScene.h).
+using ::toVector;
 
 inline std::vector<float> toVector(const MFloatArray& array) {
     std::vector<float> result;
@@ -128,24 +126,12 @@ inline std::vector<std::string> nodesOfType(const std::string& type) {
 
 class PatchNodeScene : public PluginScene {
 protected:
-    // A shape holding `mesh` under a transform `name` (shape `name` + "Shape"), the transform moved,
+    // The host tests' mesh of `name` (shape `name` + "Shape") with the mesh's UVs, its transform moved,
     // turned and scaled so that object and world space differ. Returns the shape's path.
     MDagPath addMesh(const mhost::MeshTopology& mesh, const std::string& name) {
-        MFloatPointArray points;
-        for (int v = 0; v < mesh.numVertices(); ++v) {
-            const mhost::Vec3f p = mesh.point(v);
-            points.append(p.x, p.y, p.z);
-        }
-        MIntArray counts, connects;
+        MFnMesh fn(::addMesh(mesh, name));
+        MIntArray counts;
         for (int count : mesh.polygonCounts()) counts.append(count);
-        for (int id : mesh.faces().items) connects.append(id);
-        MFnMesh fn;
-        MStatus status;
-        MObject transform = fn.create(mesh.numVertices(), mesh.numFaces(), points, counts, connects,
-                                      MObject::kNullObj, &status);
-        EXPECT_TRUE(status);
-        MFnDependencyNode(transform).setName(name.c_str());
-        MFnDependencyNode(fn.object()).setName((name + "Shape").c_str());
         const mhost::UvSet& uvs = mesh.uvSets().get(mesh.uvSets().currentName());
         MFloatArray us, vs;
         for (std::size_t i = 0; i < uvs.u.size(); ++i) {
