@@ -1,6 +1,7 @@
 // The flows that turn collected strokes into patches: the scratch patch on ENTER, and the strake
-// patch and bridge stroke behind a release over a player row. Each takes a fresh tool command,
-// has it do the work and files it on the host's undo queue with finalize.
+// patch and bridge stroke behind a release over a player row, and the record of a relax stroke.
+// Each takes a fresh tool command, has it do the work and files it on the host's undo queue with
+// finalize.
 
 #include <maya/MGlobal.h>
 
@@ -67,7 +68,9 @@ MStatus kyStrakeContext::applyStrakePatch() {
     const bool closed = isPlayerClosed();
     const bool figureClosed = isClosedFigure();
     MStatus status;
+    // A row that cannot be read (its mesh deleted, say) ends the flow before anything is built.
     const MPointArray row = rowPositions(status);
+    if (KY_REPORT_FAILURE(status)) return status;
     KY_RETURN_ON_FAILURE(cmd->appendStrakePatch(row, accelParams, figureClosed));
     KY_RETURN_ON_FAILURE(cmd->finalize());
     if (closed) finishClosedRows();
@@ -86,16 +89,32 @@ MStatus kyStrakeContext::applyBridgeStroke() {
         closeSliceContour();
         clearStrokes();
         commitStroke();
-        KY_RETURN_ON_FAILURE(cmd->appendStrakePatch(rowPositions(status), accelParams, false));
+        const MPointArray row = rowPositions(status);
+        if (KY_REPORT_FAILURE(status)) return status;
+        KY_RETURN_ON_FAILURE(cmd->appendStrakePatch(row, accelParams, false));
         KY_RETURN_ON_FAILURE(cmd->finalize());
         finishClosedRows();
         return view.refresh(false, false, false);
     }
-    KY_RETURN_ON_FAILURE(cmd->appendBridgePatch(rowPositions(status), accelParams));
+    const MPointArray row = rowPositions(status);
+    if (KY_REPORT_FAILURE(status)) return status;
+    KY_RETURN_ON_FAILURE(cmd->appendBridgePatch(row, accelParams));
     KY_RETURN_ON_FAILURE(cmd->finalize());
     anchorEdges.clear();
     anchorVertices.clear();
     setInfoLines(helpSubdivisions + helpSeparator + helpBrushes + helpSeparator + helpApply,
                  "Strake_patch created");
     return view.refresh(false, false, false);
+}
+
+MStatus kyStrakeContext::flushRelax() {
+    // The brush has already moved the vertices; the command only records the positions from before
+    // the stroke and those of now, so that undo and redo can swap them.
+    MStatus status;
+    const MPointArray positions = getMeshPositions(status);
+    kyStrakeToolCmd* cmd = newStrakeCommand();
+    cmd->setBrushRelax(meshPositions, positions, relaxIdsA, relaxIdsB);
+    status = cmd->redoIt();
+    if (KY_REPORT_FAILURE(status)) return status;
+    return cmd->finalize();
 }
