@@ -155,22 +155,6 @@ TEST_P(KeyFlows, EscapeClearsTheDataButNoBrushFlag) {
     EXPECT_EQ(statusLine(), "Operation cancelled");
 }
 
-TEST_P(KeyFlows, ARetopoMeshDeletedMidRoadTakesNoHalfStep) {
-    scratchWithPlayerRow();
-    ASSERT_TRUE(mhost::driver::runCommand("delete kyMeshShape1"));
-    ASSERT_FALSE(getActiveMeshPath().isValid());
-    const size_t entries = mhost::driver::undoJournal().size();
-    strokeOnSource(2.0, 8.0, 8.0, 8.0);
-    for (size_t i = entries; i < mhost::driver::undoJournal().size(); ++i)
-        ADD_FAILURE() << "filed: " << mhost::driver::undoJournal()[i];
-    std::string exists;
-    mhost::driver::runCommand("objExists kyMeshShape1", &exists);
-    EXPECT_EQ(exists, "0");
-    context->completeAction();
-    EXPECT_FALSE(hasPlayerVertices());
-    EXPECT_EQ(strokeCount(), 0);
-}
-
 TEST_P(KeyFlows, ASpansGestureIsOneUndoEntryWhateverItsLength) {
     const MDagPath retopo = scratchWithPlayerRow();
     const size_t entries = mhost::driver::undoJournal().size();

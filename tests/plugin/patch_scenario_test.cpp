@@ -305,11 +305,17 @@ TEST_P(PatchScenario, AStrokeOffARowWhoseMeshWasDeletedBuildsNothing) {
     takeFarRowAsPlayerRow();
     const MDagPath retopo = getActiveMeshPath();
     ASSERT_TRUE(mhost::driver::runCommand("delete " + std::string(retopo.fullPathName().asChar())));
+    const int steps = toolSteps();
     strokeOnSource(2.0, 9.5, 8.0, 9.5);
     EXPECT_FALSE(exists("kyMeshShape1"));
     EXPECT_FALSE(getActiveMeshPath().isValid());
-    EXPECT_EQ(strokeCount(), 0) << "the stroke is used up";
     EXPECT_FALSE(exists("kyPatch2"));
+    EXPECT_EQ(toolSteps(), steps) << "nothing to file";
+    EXPECT_EQ(strokeCount(), 1) << "the stroke is kept, not lost";
+    // ENTER then ends the row that has no mesh any more.
+    context->completeAction();
+    EXPECT_FALSE(hasPlayerVertices());
+    EXPECT_EQ(strokeCount(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(PlainAndTransformedSource, PatchScenario, ::testing::Bool());
