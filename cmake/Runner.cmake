@@ -8,7 +8,7 @@ file(GLOB KY_RUNNER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/runner/*.cpp
 list(REMOVE_ITEM KY_RUNNER_SOURCES ${PROJECT_SOURCE_DIR}/runner/main.cpp)
 add_library(kystrakeRunner STATIC ${KY_RUNNER_SOURCES})
 target_include_directories(kystrakeRunner PUBLIC ${PROJECT_SOURCE_DIR} PRIVATE ${PROJECT_SOURCE_DIR}/host/src)
-target_link_libraries(kystrakeRunner PUBLIC OpenMayaHost PRIVATE nlohmann_json::nlohmann_json tinyobjloader::tinyobjloader)
+target_link_libraries(kystrakeRunner PUBLIC OpenMayaHost PRIVATE Qt5::Widgets nlohmann_json::nlohmann_json tinyobjloader::tinyobjloader)
 
 if(EXISTS ${PROJECT_SOURCE_DIR}/runner/main.cpp)
     add_executable(kystrake ${PROJECT_SOURCE_DIR}/runner/main.cpp)

@@ -6,6 +6,7 @@
 #include "runner/RunLog.h"
 #include "runner/SceneSetup.h"
 #include "runner/SourceMeshes.h"
+#include "runner/ToolPanel.h"
 
 namespace kystrake {
 
@@ -17,6 +18,7 @@ RunSummary runSession(const Session& session, const std::string& outDir, const s
     summary.sourcePolygons = source.polygonCounts.size();
     RunLog log(echoErrors);
     const SceneNames scene = setUpScene(session, source, pluginPath);
+    const ToolPanel panel;
     summary.playback = playSession(session, scene, outDir, log);
     const std::string meshPath = outDir + "/retopo.obj";
     if (writeRetopoMesh(scene, meshPath)) summary.meshPath = meshPath;

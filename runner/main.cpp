@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
     CLI::App app{"kystrake: replay kyStrake retopology sessions on the headless Maya host"};
     app.require_subcommand(1);
     std::string outDir = "kystrake-out", pluginPath = KY_PLUGIN_MODULE_PATH, sessionPath, sourcePath;
-    bool verbose = false;
+    bool verbose = false, fullRoad = false;
     app.add_flag("-v,--verbose", verbose,
                  "also show the host's and the plug-in's error lines as they happen");
 
@@ -40,13 +40,15 @@ int main(int argc, char** argv) {
     run->add_option("--out", outDir, "output folder for frames, log and mesh");
     run->add_option("--plugin", pluginPath, "kyStrake plug-in module to load");
 
-    CLI::App* demo = app.add_subcommand("demo", "run the built-in session on a built-in dense limb");
+    CLI::App* demo = app.add_subcommand("demo", "run the built-in session on a built-in dense face relief");
+    demo->add_flag("--full", fullRoad,
+                   "walk the whole road: patches, anchors, a strake, a bridge, a merge, keys, undo and redo");
     demo->add_option("--out", outDir, "output folder for frames, log and mesh");
     demo->add_option("--plugin", pluginPath, "kyStrake plug-in module to load");
 
     CLI11_PARSE(app, argc, argv);
     try {
-        Session session = *run ? loadSession(sessionPath) : demoSession();
+        Session session = *run ? loadSession(sessionPath) : fullRoad ? fullRoadSession() : demoSession();
         if (!sourcePath.empty()) session.source.objPath = sourcePath;
         return runAndReport(session, outDir, pluginPath, verbose);
     } catch (const SessionError& error) {

@@ -58,5 +58,10 @@ MStatus movePointer(int x, int y, Modifiers modifiers = Modifiers());
 // ENTER, ESC or BACKSPACE: completeAction, abortAction or deleteAction of the current context.
 MStatus sendKey(Key key);
 
+// Makes sure the process has a Qt application, as Maya always has, so that a program can build the
+// panel widgets a tool finds by name. Made once on the "offscreen" platform (unless QT_QPA_PLATFORM
+// names another) and kept for the life of the process.
+void ensureQtApplication();
+
 }  // namespace driver
 }  // namespace mhost

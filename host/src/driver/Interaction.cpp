@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "drawing/GuiApplication.h"
 #include "graph/NodeCreation.h"
 #include "graph/Scene.h"
 #include "interaction/ActiveView.h"
@@ -127,6 +128,8 @@ MStatus sendKey(Key key) {
     }
     return MS::kInvalidParameter;
 }
+
+void ensureQtApplication() { ensureGuiApplication(); }
 
 }  // namespace driver
 }  // namespace mhost
