@@ -211,6 +211,28 @@ public:
     MStatus mergeMagnetVertices();
     MIntArray edgesToVertices(const MIntArray& edges, int startVertex);
     MStatus updateSublines();
+    // Border walks on the retopo mesh (getActiveMeshPath) through its vertex and edge iterators,
+    // returning edge ids in walking order. Each walk gives up after 999 steps, so a longer border
+    // yields an empty or partial list. The closed border through `vertex`, or empty:
+    static MIntArray boundaryLoopFrom(int vertex);
+    // The border from `startEdge` away from `excludedEdge` until an edge touches `target`; `found`
+    // tells whether one did. The list is returned either way.
+    static MIntArray walkBoundary(int target, int startEdge, int excludedEdge, bool& found);
+    // The shorter of the two border walks from `from` to `to`, the side of the first border edge at
+    // `from` on a tie, only when shorter than `limit`. Five zeros without a retopo mesh.
+    static MIntArray shortestBoundaryPath(int from, int to, int limit);
+    // Walks from the first edge of `edges` in the direction they took until an edge touches `to`,
+    // so that a re-picked second anchor slides along the same side of the border.
+    static MIntArray extendBoundaryPath(const MIntArray& edges, int from, int to);
+    // The opposite row from border vertex `vertex`, as long as the anchor row at most, walked the
+    // way pickRowDirection (and reverseBridge) says. Sets oppositeEdges; empty with no anchors.
+    MIntArray walkOppositeRow(int vertex);
+    // Of two border edges sharing a vertex, the one that runs more along the anchor row's first
+    // edge; 0 when there is no row of two vertices.
+    int pickRowDirection(int edgeA, int edgeB);
+    // Writes the bridge or merge preview (fusept, fusemesh, fuseindices, mode, then sublines) from
+    // the player row and the opposite row; mode 1 turns -1 when the two rows share a vertex.
+    MStatus rebuildBridgePreview(int mode);
     MStatus bevelRing();
     // Arms the relax brush: its pass strength is `intensity` x 6, and the status line shows the
     // option-scale values.

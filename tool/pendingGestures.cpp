@@ -10,14 +10,6 @@ MStatus kyStrakeContext::redrawFromShadow() { return MS::kSuccess; }
 MStatus kyStrakeContext::redrawFromPlayerRow() { return MS::kSuccess; }
 void kyStrakeContext::spansDrag(bool) {}
 
-MStatus kyStrakeContext::selectPoints() { return MS::kSuccess; }
-MStatus kyStrakeContext::selectOppositeRow(int) { return MS::kSuccess; }
-MStatus kyStrakeContext::selectMagnetVertex() { return MS::kSuccess; }
-MStatus kyStrakeContext::selectMergeRow() { return MS::kSuccess; }
-MStatus kyStrakeContext::updateMagnetPoints() { return MS::kSuccess; }
-MStatus kyStrakeContext::mergeMagnetVertices() { return MS::kSuccess; }
-MIntArray kyStrakeContext::edgesToVertices(const MIntArray&, int) { return MIntArray(); }
-MStatus kyStrakeContext::updateSublines() { return MS::kSuccess; }
 MStatus kyStrakeContext::bevelRing() { return MS::kSuccess; }
 
 MStatus kyStrakeContext::relaxDrag(MHWRender::MUIDrawManager&) { return MS::kSuccess; }
