@@ -22,6 +22,21 @@ constexpr int kMaxBridgeDivisions = 50;
 
 }  // namespace
 
+MStatus kyStrakeContext::applyBridge(const MDagPath& retopo) {
+    const MIntArray ids = getPlayerVertices();
+    // The anchor edges are walked again so that they match the mesh as it is now.
+    if (hasPlayerVertices() && ids.length() > 0)
+        anchorEdges = shortestBoundaryPath(ids[0], ids[ids.length() - 1], 99999);
+    // Each anchor edge is bridged to the opposite edge of the same index; without a partner for
+    // every one, the host command would be given a broken pairing, so nothing is run.
+    if (oppositeEdges.length() < anchorEdges.length()) return MS::kInvalidParameter;
+    const int divisions = optionInt("ky_bdiv", kDefaultBridgeDivisions);
+    const MStatus status =
+        MGlobal::executeCommand(bridgeCommand(retopo, anchorEdges, oppositeEdges, divisions), true, true);
+    KY_REPORT_FAILURE(status);
+    return status;
+}
+
 MStatus kyStrakeContext::applyMerge(const MDagPath& retopo) {
     const MIntArray ids = getPlayerVertices();
     const int vertexCount = meshVertexCount(retopo);

@@ -5,7 +5,6 @@
 
 #include "tool/kyStrake.h"
 
-MStatus kyStrakeContext::applyBridge(const MDagPath&) { return MS::kSuccess; }
 MStatus kyStrakeContext::redrawFromShadow() { return MS::kSuccess; }
 MStatus kyStrakeContext::redrawFromPlayerRow() { return MS::kSuccess; }
 void kyStrakeContext::spansDrag(bool) {}

@@ -235,9 +235,69 @@ protected:
         context->oppositeEdges = idArray({10, 11, 12});
     }
 
+    MPoint world(int id) const {
+        MPoint point;
+        MFnMesh(retopo).getPoint(id, point, MSpace::kWorld);
+        return point;
+    }
+    // Anchors on the first strip's inner row, then the opposite row from `opposite` on the other.
+    void pickBridgeRows(int opposite) {
+        press(*context, world(4), kLeft, kShiftCtrl);
+        press(*context, world(7), kLeft, kShiftCtrl);
+        press(*context, world(opposite), kMiddle, kCtrl);
+    }
+
     MDagPath retopo;
     kyStrakeContext* context = nullptr;
 };
+
+TEST_F(BorderJoins, EnterBridgesTheAnchorRowToTheOppositeRowAsOneUndoStep) {
+    const MeshState before = meshState(retopo);
+    pickBridgeRows(8);
+    ASSERT_TRUE(context->isBridgeReady());
+    const size_t entries = mhost::driver::undoJournal().size();
+    context->completeAction();
+
+    // ky_bdiv was never set: one division, so two quads across each of the three edge pairs.
+    EXPECT_EQ(MFnMesh(retopo).numPolygons(), 6 + 6);
+    EXPECT_EQ(option("kyStrake_info1"), "Bridge creagted");
+    EXPECT_FALSE(context->isBridgeReady());
+    EXPECT_FALSE(hasPlayerVertices());
+    EXPECT_EQ(pointArray("fusept", locator).length(), 0u);
+    ASSERT_EQ(mhost::driver::undoJournal().size(), entries + 1);
+    EXPECT_EQ(mhost::driver::undoJournal().back().rfind("polyBridgeEdge -divisions 1 -direction 0", 0), 0u);
+
+    ASSERT_TRUE(mhost::driver::undo());
+    EXPECT_TRUE(meshState(retopo) == before);
+}
+
+TEST_F(BorderJoins, TheBridgeTakesItsDivisionsFromThePanelOption) {
+    setOption("ky_bdiv", 3);
+    pickBridgeRows(8);
+    context->completeAction();
+    EXPECT_EQ(MFnMesh(retopo).numPolygons(), 6 + 3 * 4);
+}
+
+TEST_F(BorderJoins, ABridgeToAShorterRowRunsNothingAndKeepsTheRows) {
+    // The second strip shrinks to one triangle, whose whole border has three edges; the anchors
+    // take the first strip's border round one end, four edges.
+    MPointArray points;
+    MFnMesh(retopo).getPoints(points);
+    retopo = makeMesh(points, {{0, 1, 5, 4}, {1, 2, 6, 5}, {2, 3, 7, 6}, {8, 9, 12}});
+    select(retopo);
+    const MeshState before = meshState(retopo);
+    press(*context, world(0), kLeft, kShiftCtrl);
+    press(*context, world(7), kLeft, kShiftCtrl);
+    press(*context, world(8), kMiddle, kCtrl);
+    ASSERT_EQ(context->anchorEdges.length(), 4u);
+    ASSERT_LT(context->oppositeEdges.length(), context->anchorEdges.length());
+    const size_t entries = mhost::driver::undoJournal().size();
+    context->completeAction();
+    EXPECT_TRUE(meshState(retopo) == before);
+    EXPECT_EQ(mhost::driver::undoJournal().size(), entries);
+    EXPECT_EQ(option("kyStrake_info1"), activatedText.asChar());
+    EXPECT_TRUE(context->isBridgeReady()) << "the rows stay for another pick";
+}
 
 // The merge's script moves each vertex of a pair and then merges them all; the host files each of
 // those commands as a step of its own, as Maya does, so undoing the merge takes them all back.
