@@ -7,10 +7,7 @@
 
 MStatus kyStrakeContext::applyBridge(const MDagPath&) { return MS::kSuccess; }
 MStatus kyStrakeContext::applyMerge(const MDagPath&) { return MS::kSuccess; }
-MStatus kyStrakeContext::redrawFromShadow() { return MS::kSuccess; }
-MStatus kyStrakeContext::redrawFromPlayerRow() { return MS::kSuccess; }
 MStatus kyStrakeContext::flushRelax() { return MS::kSuccess; }
-void kyStrakeContext::spansDrag(bool) {}
 void kyStrakeContext::divisionsDrag() {}
 
 MStatus kyStrakeContext::selectPoints() { return MS::kSuccess; }
