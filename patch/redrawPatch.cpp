@@ -165,9 +165,11 @@ MStatus kyStrakeToolCmd::rebuildScratchPatch(MDagPath meshPath, MMeshIsectAccelP
     KY_RETURN_ON_FAILURE(status);
     KY_RETURN_ON_FAILURE(commitPatchMesh(meshFn, reversed, node, faces));
     // The temporary mesh goes. Blocking a patch that was the whole mesh leaves an empty shape, and
-    // the grid then goes into a new mesh of its own as well, which must go too.
-    if (!intoRetopo || builtPath.fullPathName() != meshPath.fullPathName())
-        KY_RETURN_ON_FAILURE(deleteNodeIfExists(transformOfNode(meshObject)));
+    // addPolygon then makes a new mesh of its own as well (as buildScratchPatch meets on an empty
+    // mesh), which must go too.
+    const MObject builtTransform = transformOfNode(meshObject);
+    if (!intoRetopo || !(builtTransform == meshPath.transform()))
+        KY_RETURN_ON_FAILURE(deleteNodeIfExists(builtTransform));
 
     KY_RETURN_ON_FAILURE(setNodeStateNormal(node));
     KY_RETURN_ON_FAILURE(rebuildShadowIndices());

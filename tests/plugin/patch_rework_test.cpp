@@ -163,7 +163,7 @@ TEST_P(PatchRework, SpansOfAScratchPatchTakeBothOptions) {
     EXPECT_EQ(MFnMesh(retopo).numVertices(), 7 * 3);
     EXPECT_EQ(getActiveMeshPath().fullPathName(), retopo.fullPathName());
     expectOnSourceFacingIt(retopo);
-    EXPECT_FALSE(exists("polySurface1")) << "no stray mesh is left behind";
+    EXPECT_FALSE(exists("polySurface2")) << "the rebuild leaves no mesh of its own behind";
 }
 
 TEST_P(PatchRework, AMeshWithoutHistoryRefusesAndLosesItsShadow) {
