@@ -270,6 +270,22 @@ TEST_P(PatchRework, ACtrlStrokeOverAStrakePatchRedrawsItsFarStrake) {
     EXPECT_EQ(meshState(retopo).connects, after.connects);
 }
 
+// The redrawn bridge is not filed: the release ends on the bridge's single shadow polyline.
+TEST_P(PatchRework, ACtrlStrokeOverABridgeSweepsItAlongTheNewStroke) {
+    const MDagPath retopo = buildBridgePatch();
+    const size_t steps = mhost::driver::undoJournal().size();
+    setOption("ky_vspan", 2);
+    strokeOnSource(5.0, 7.8, 5.0, 8.8, kCtrl);
+    EXPECT_EQ(polygons(retopo), 12 + 2 * 4);
+    EXPECT_EQ(intArray("shadowIndices3", locator).size(), 2u);
+    double farthest = 0.0;
+    for (int id = 0; id < MFnMesh(retopo).numVertices(); ++id)
+        farthest = std::max(farthest, localV(retopo, id));
+    EXPECT_LT(farthest, 9.3) << "the sweep follows the shorter stroke";
+    expectOnSourceFacingIt(retopo);
+    EXPECT_EQ(mhost::driver::undoJournal().size(), steps);
+}
+
 TEST_P(PatchRework, ACtrlStrokeAlongABarePlayerRowPullsTheRowOntoIt) {
     const MDagPath retopo = buildScratch();
     const MIntArray row = takeFarRowAsPlayerRow();
