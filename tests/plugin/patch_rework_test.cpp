@@ -98,6 +98,16 @@ protected:
         }
     }
 
+    // A closed LMB stroke around the grid's middle.
+    void circle(double radius) {
+        press(*context, onSource(5.0 + radius, 5.0), kLeft);
+        for (int i = 0; i <= 24; ++i) {
+            const double angle = 2.0 * M_PI * i / 24;
+            drag(*context, onSource(5.0 + radius * std::cos(angle), 5.0 + radius * std::sin(angle)), kLeft);
+        }
+        release(*context, onSource(5.0 + radius, 5.0), kLeft);
+    }
+
     static int polygons(const MDagPath& path) { return MFnMesh(path).numPolygons(); }
     static bool exists(const std::string& name) {
         std::string result;
@@ -379,14 +389,6 @@ TEST_P(PatchRework, SpansDragStopsAtOneAndFiftyAndClampsThePinch) {
 
 // Around a closed first chain only the spans along change, and never below four.
 TEST_P(PatchRework, SpansDragOnARingKeepsFourSpansAtLeast) {
-    auto circle = [&](double radius) {
-        press(*context, onSource(5.0 + radius, 5.0), kLeft);
-        for (int i = 0; i <= 24; ++i) {
-            const double angle = 2.0 * M_PI * i / 24;
-            drag(*context, onSource(5.0 + radius * std::cos(angle), 5.0 + radius * std::sin(angle)), kLeft);
-        }
-        release(*context, onSource(5.0 + radius, 5.0), kLeft);
-    };
     setOption("ky_uspan", 5);
     circle(1.5);
     circle(3.0);
@@ -399,6 +401,31 @@ TEST_P(PatchRework, SpansDragOnARingKeepsFourSpansAtLeast) {
     EXPECT_EQ(option("ky_uspan"), "4");
     EXPECT_EQ(option("ky_vspan"), "3");
     releaseAt(200, 200, kMiddle, kShift);
+}
+
+// A twist rebuilds the ring patch at each step and files the whole drag as one change of spans.
+TEST_P(PatchRework, ATwistRebuildsTheRingAndUndoesAsOne) {
+    circle(1.5);
+    circle(3.0);
+    context->completeAction();
+    const MDagPath retopo = getActiveMeshPath();
+    takeFarRowAsPlayerRow();
+    circle(4.2);
+    ASSERT_EQ(polygons(retopo), 24);
+    ASSERT_TRUE(isPlayerClosed());
+    const MeshState before = meshState(retopo);
+    const size_t steps = mhost::driver::undoJournal().size();
+
+    pressAt(300, 200, kMiddle, kCtrl);
+    dragTo(304, 200, kMiddle, kCtrl);
+    dragTo(308, 200, kMiddle, kCtrl);
+    releaseAt(308, 200, kMiddle, kCtrl);
+    EXPECT_EQ(polygons(retopo), 24);
+    EXPECT_FALSE(meshState(retopo) == before);
+    EXPECT_EQ(mhost::driver::undoJournal().size(), steps + 1);
+    EXPECT_EQ(mhost::driver::undoJournal().back(), "kyStrakeCmd kyStrake_changeSpans");
+    ASSERT_TRUE(mhost::driver::undo());
+    EXPECT_TRUE(meshState(retopo) == before);
 }
 
 INSTANTIATE_TEST_SUITE_P(PlainAndTransformedSource, PatchRework, ::testing::Bool());
