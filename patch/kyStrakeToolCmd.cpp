@@ -147,10 +147,30 @@ MStatus kyStrakeToolCmd::changeSpansFromFlags(const MArgDatabase& flags) {
         failWith(status, "has no shadow");
         return status;
     }
-    // The change of spans itself, between a snapshot of the mesh before and one after, joins here
-    // when the command can take mesh snapshots.
     operation = kChangeSpans;
+    // The snapshot before is taken as the mesh stands; its status is not looked at.
+    saveMeshSnapshot("redo");
+    readRowIds(rowsBefore, status);
+    KY_RETURN_ON_FAILURE(status);
+    MMeshIsectAccelParams accelParams;
+    // Reported and returned as it came: a second run of a failed change would act on a locator
+    // the first run has already changed.
+    status = changeSpans(accelParams, isFirstChainClosed());
+    if (KY_REPORT_FAILURE(status)) return status;
+    KY_RETURN_ON_FAILURE(saveMeshSnapshot("undo"));
+    readRowIds(rowsAfter, status);
+    KY_RETURN_ON_FAILURE(status);
     return MS::kSuccess;
+}
+
+// The player ids and the three rows as the locator holds them now.
+void kyStrakeToolCmd::readRowIds(RowIds& rows, MStatus& status) {
+    rows.playerVertices = getPlayerVertices(status);
+    if (!status) return;
+    rows.shadowIndices1.clear();
+    rows.shadowIndices2.clear();
+    rows.shadowIndices3.clear();
+    status = getShadowIndices(rows.shadowIndices1, rows.shadowIndices2, rows.shadowIndices3);
 }
 
 // Setters: the context computes a result itself and hands the before and after states over.

