@@ -5,6 +5,7 @@
 // The API version text is written out below rather than taken from the headers, so that the module
 // reports the same version whichever Maya headers it is built against.
 #define MNoVersionString
+#include <maya/MDrawRegistry.h>
 #include <maya/MFnPlugin.h>
 #include <maya/MGlobal.h>
 #include <maya/MObject.h>
@@ -17,6 +18,7 @@
 #include "nodes/kyStrakeLocatorNode.h"
 #include "patch/kyStrakeToolCmd.h"
 #include "tool/kyStrakeContextCmd.h"
+#include "viewport/kyStrakeDrawOverride.h"
 
 #if defined(_WIN32)
 #define KY_EXPORTED_DATA __declspec(dllexport)
@@ -62,6 +64,10 @@ MStatus initializePlugin(MObject obj) {
                                  MPxNode::kLocatorNode, &kyStrake::drawDbClassification);
     KY_RETURN_ON_FAILURE(status);
 
+    status = MHWRender::MDrawRegistry::registerDrawOverrideCreator(
+        kyStrake::drawDbClassification, kyStrake::drawRegistrantId, kyStrakeDrawOverride::creator);
+    KY_RETURN_ON_FAILURE(status);
+
     status = plugin.registerContextCommand(kContextCommandName, kyStrakeContextCmd::creator, kToolCommandName,
                                            kyStrakeToolCmd::creator, kyStrakeToolCmd::newSyntax);
     KY_RETURN_ON_FAILURE(status);
@@ -84,6 +90,10 @@ MStatus uninitializePlugin(MObject obj) {
     MStatus status;
 
     status = plugin.deregisterNode(kyStrake::id);
+    KY_RETURN_ON_FAILURE(status);
+
+    status = MHWRender::MDrawRegistry::deregisterDrawOverrideCreator(kyStrake::drawDbClassification,
+                                                                     kyStrake::drawRegistrantId);
     KY_RETURN_ON_FAILURE(status);
 
     status = plugin.deregisterContextCommand(kContextCommandName, kToolCommandName);

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "commands/CommandTable.h"
+#include "drawing/DrawOverrideRegistry.h"
 #include "graph/NodeType.h"
 #include "plugins/ContextCommandRegistry.h"
 #include "tests/plugin/pluginScene.h"
@@ -25,6 +26,9 @@ const char* const kBannerTail = "(Beta version, use at your own risk)\n ";
 const char* const kErrorLine = "\nAPI error detected in pluginMain at line ";
 
 bool locatorRegistered() { return mhost::nodeTypes().findById(0x80025) != nullptr; }
+bool drawOverrideRegistered() {
+    return mhost::drawOverrideRegistry().creatorFor("drawdb/geometry/kyStrake") != nullptr;
+}
 bool contextRegistered() { return mhost::contextCommands().find("kyStrakeContext") != nullptr; }
 bool toolCommandRegistered() { return mhost::commandTable().contains("kyStrakeCmd"); }
 bool patchCommandRegistered() { return mhost::commandTable().contains("kyPatchCmd"); }
@@ -57,8 +61,8 @@ TEST_F(Registration, LoadRegistersTheNodesAndCommandsThenShowsTheBanner) {
         if (!isBanner(message)) return;
         ++banners;
         banner = message.text;
-        registeredBeforeBanner = locatorRegistered() && contextRegistered() && toolCommandRegistered() &&
-                                 patchCommandRegistered() && patchNodeRegistered();
+        registeredBeforeBanner = locatorRegistered() && drawOverrideRegistered() && contextRegistered() &&
+                                 toolCommandRegistered() && patchCommandRegistered() && patchNodeRegistered();
     });
     std::string error;
     const MStatus status = driver::loadPlugin(KY_PLUGIN_MODULE_PATH, &error);
@@ -109,6 +113,7 @@ TEST_F(Registration, UnloadWithALocatorInTheSceneStopsAtTheNodeType) {
     // The sequence stopped at its first step: everything is still registered.
     EXPECT_TRUE(mhost::isPluginLoaded(kPluginName));
     EXPECT_TRUE(locatorRegistered());
+    EXPECT_TRUE(drawOverrideRegistered());
     EXPECT_TRUE(contextRegistered());
     EXPECT_TRUE(toolCommandRegistered());
     EXPECT_TRUE(patchCommandRegistered());
@@ -117,6 +122,7 @@ TEST_F(Registration, UnloadWithALocatorInTheSceneStopsAtTheNodeType) {
     driver::resetScene();
     EXPECT_TRUE(driver::unloadPlugin(kPluginName));
     EXPECT_FALSE(locatorRegistered());
+    EXPECT_FALSE(drawOverrideRegistered());
     EXPECT_FALSE(contextRegistered());
     EXPECT_FALSE(toolCommandRegistered());
     EXPECT_FALSE(patchCommandRegistered());
@@ -131,8 +137,9 @@ TEST_F(Registration, UnloadWithAPatchNodeInTheSceneStopsAtThePatchNodeType) {
     ASSERT_TRUE(driver::runCommand("createNode kyPatchNode"));
     auto scenario = [] {
         const bool unloaded = driver::unloadPlugin(kPluginName);
-        const bool stoppedAtPatchNode = !locatorRegistered() && !contextRegistered() &&
-                                        !patchCommandRegistered() && patchNodeRegistered();
+        const bool stoppedAtPatchNode = !locatorRegistered() && !drawOverrideRegistered() &&
+                                        !contextRegistered() && !patchCommandRegistered() &&
+                                        patchNodeRegistered();
         driver::resetScene();
         const bool secondUnload = driver::unloadPlugin(kPluginName);
         std::exit(!unloaded && stoppedAtPatchNode && !secondUnload ? 0 : 1);
