@@ -155,21 +155,6 @@ TEST_P(KeyFlows, EscapeClearsTheDataButNoBrushFlag) {
     EXPECT_EQ(statusLine(), "Operation cancelled");
 }
 
-TEST_P(KeyFlows, ASpansGestureIsOneUndoEntryWhateverItsLength) {
-    const MDagPath retopo = scratchWithPlayerRow();
-    const size_t entries = mhost::driver::undoJournal().size();
-    const MPoint at = onSource(5.0, 5.0);
-    press(*context, at, kMiddle, kShift);
-    for (int i = 0; i < 6; ++i) drag(*context, at, kMiddle, kShift);
-    release(*context, at, kMiddle, kShift);
-    EXPECT_EQ(mhost::driver::undoJournal().size(), entries + 1);
-    EXPECT_EQ(journalTail(), "kyStrakeCmd kyStrake_changeSpans");
-    // Nothing moved between press and release, so the entry's before and after are equal.
-    const MeshState now = meshState(retopo);
-    ASSERT_TRUE(mhost::driver::undo());
-    EXPECT_TRUE(meshState(retopo) == now);
-}
-
 TEST_P(KeyFlows, SnapshotsFillTheSlotTheirLabelNames) {
     const MDagPath retopo = scratchWithPlayerRow();
     const MIntArray row = getPlayerVertices();
