@@ -32,7 +32,22 @@ void foreheadStrokes(std::vector<Step>& steps) {
 }
 
 void enter(std::vector<Step>& steps) { steps.push_back(Key{Key::Name::kEnter}); }
+
+// Where to click to pick a patch's corner vertex as an anchor: a few pixels outside the corner. The
+// pick takes the first border vertex within 9 pixels in index order, and the vertices up the patch's
+// side lie closer than that to the corner itself, often with lower ids.
+constexpr Pixel kLowerLeft{-6, -6};
+constexpr Pixel kLowerRight{6, -6};
+VertexPlace beside(int vertex, Pixel offset) { return VertexPlace{"", vertex, offset}; }
 void frame(std::vector<Step>& steps, const std::string& name) { steps.push_back(Frame{name}); }
+
+// Undo of the last `count` steps, a frame, their redo, a frame.
+void undoRedo(std::vector<Step>& steps, int count, const std::string& what) {
+    steps.push_back(Undo{count});
+    frame(steps, what + "-undone");
+    steps.push_back(Redo{count});
+    frame(steps, what + "-redone");
+}
 
 }  // namespace
 
@@ -54,42 +69,46 @@ Session fullRoadSession() {
     enter(steps);
     frame(steps, "scratch");
 
-    // Anchors on the two ends of the patch's bottom border select it as the player row; a stroke
-    // below it grows a strake patch, and ENTER ends the row.
-    addClick(steps, {376, 432}, MouseButton::kLeft, kCtrlShift);
+    // Anchors on the two ends of the patch's bottom border (its vertices 88 and 142) select the
+    // border as the player row; a stroke below it grows a strake patch, and ENTER ends the row.
+    addClick(steps, beside(88, kLowerLeft), MouseButton::kLeft, kCtrlShift);
     frame(steps, "first-anchor");
-    addClick(steps, {584, 432}, MouseButton::kLeft, kCtrlShift);
+    addClick(steps, beside(142, kLowerRight), MouseButton::kLeft, kCtrlShift);
     frame(steps, "anchors");
     addStroke(steps, {374, 400}, bowedLine({374, 400}, {586, 400}, 40, 6.0));
     frame(steps, "strake");
+    undoRedo(steps, 1, "strake");
     enter(steps);
 
-    // A second band across the cheeks, joined to the same mesh by ENTER.
+    // A second band across the cheeks, joined to the same mesh by ENTER: its top border runs from
+    // vertex 209, its bottom border from 222 to 285.
     addStroke(steps, {376, 320}, bowedLine({376, 320}, {584, 320}, 40, 4.0));
     addStroke(steps, {378, 290}, bowedLine({378, 290}, {582, 290}, 40, 4.0));
     enter(steps);
     frame(steps, "second-band");
 
-    // The strake's far border and the second band's top border: anchors on the first, MMB with CTRL
-    // on the second's first corner for the opposite row, an MMB-SHIFT drag to the right for two
-    // divisions, and ENTER for the bridge.
-    addClick(steps, {374, 400}, MouseButton::kLeft, kCtrlShift);
-    addClick(steps, {586, 400}, MouseButton::kLeft, kCtrlShift);
-    addClick(steps, {376, 320}, MouseButton::kMiddle, kCtrl);
+    // The strake's far border (154 to 208) and the second band's top border: anchors on the first,
+    // MMB with CTRL on the second's first corner for the opposite row, an MMB-SHIFT drag to the
+    // right for more divisions, and ENTER for the bridge.
+    addClick(steps, beside(154, kLowerLeft), MouseButton::kLeft, kCtrlShift);
+    addClick(steps, beside(208, kLowerRight), MouseButton::kLeft, kCtrlShift);
+    addClick(steps, VertexPlace{"", 209, {0, 0}}, MouseButton::kMiddle, kCtrl);
     frame(steps, "bridge-preview");
     addHorizontalDrag(steps, {480, 360}, 100, MouseButton::kMiddle, kShift);
     frame(steps, "bridge-divisions");
     enter(steps);
     frame(steps, "bridge");
+    undoRedo(steps, 1, "bridge");
 
-    // A third band just below the second, merged on to it: anchors on the second band's bottom
-    // border, MMB with SHIFT on the third band's first corner, ENTER.
+    // A third band just below the second (its top border from vertex 319, after the bridge's 33 new
+    // vertices), merged on to it: anchors
+    // on the second band's bottom border, MMB with SHIFT beside the third band's first corner, ENTER.
     addStroke(steps, {378, 280}, bowedLine({378, 280}, {582, 280}, 40, 4.0));
     addStroke(steps, {380, 240}, bowedLine({380, 240}, {580, 240}, 40, 4.0));
     enter(steps);
-    addClick(steps, {378, 290}, MouseButton::kLeft, kCtrlShift);
-    addClick(steps, {582, 290}, MouseButton::kLeft, kCtrlShift);
-    addClick(steps, {378, 280}, MouseButton::kMiddle, kShift);
+    addClick(steps, beside(222, kLowerLeft), MouseButton::kLeft, kCtrlShift);
+    addClick(steps, beside(285, kLowerRight), MouseButton::kLeft, kCtrlShift);
+    addClick(steps, VertexPlace{"", 319, {-7, -2}}, MouseButton::kMiddle, kShift);
     frame(steps, "merge-preview");
     enter(steps);
     frame(steps, "merge");
@@ -99,17 +118,14 @@ Session fullRoadSession() {
     frame(steps, "stray-stroke");
     steps.push_back(Key{Key::Name::kBackspace});
     frame(steps, "backspace");
-    addClick(steps, {380, 240}, MouseButton::kLeft, kCtrlShift);
+    addClick(steps, beside(332, kLowerLeft), MouseButton::kLeft, kCtrlShift);
     frame(steps, "stray-anchor");
     steps.push_back(Key{Key::Name::kEscape});
     frame(steps, "escape");
 
-    // Undo walks back through the merge (its moves and the merge itself) and the bridge; redo
-    // brings them back.
-    steps.push_back(Undo{1});
-    frame(steps, "undo-merge");
-    steps.push_back(Redo{1});
-    frame(steps, "redo-merge");
+    // The merge ran as one script of 23 commands (a move of each of the 22 vertices to its pair's
+    // midpoint, then the merge), each its own undo step as in Maya: undoing the merge takes 23.
+    undoRedo(steps, 23, "merge");
     return session;
 }
 

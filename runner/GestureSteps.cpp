@@ -30,7 +30,7 @@ void addStroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& p
     steps.push_back(Release{path.back(), MouseButton::kLeft, {}});
 }
 
-void addClick(std::vector<Step>& steps, Pixel at, MouseButton button, Modifiers modifiers) {
+void addClick(std::vector<Step>& steps, const Place& at, MouseButton button, Modifiers modifiers) {
     steps.push_back(Press{at, button, modifiers});
     steps.push_back(Release{at, button, modifiers});
 }
@@ -43,7 +43,7 @@ void addHorizontalDrag(std::vector<Step>& steps, Pixel from, int dx, MouseButton
     for (int moved = 5; moved <= std::abs(dx); moved += 5)
         drag.path.push_back({from[0] + direction * moved, from[1]});
     if (!drag.path.empty()) steps.push_back(drag);
-    steps.push_back(Release{{from[0] + dx, from[1]}, button, modifiers});
+    steps.push_back(Release{Pixel{from[0] + dx, from[1]}, button, modifiers});
 }
 
 }  // namespace kystrake

@@ -18,8 +18,8 @@ std::vector<Pixel> bowedLine(Pixel from, Pixel to, int points, double sag);
 void addStroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path,
                const std::string& frame = "");
 
-// A press and release at one pixel.
-void addClick(std::vector<Step>& steps, Pixel at, MouseButton button, Modifiers modifiers);
+// A press and release at one place.
+void addClick(std::vector<Step>& steps, const Place& at, MouseButton button, Modifiers modifiers);
 
 // A press at `from`, a drag of `dx` pixels to the right (left when negative) in steps of 5 pixels,
 // and the release.

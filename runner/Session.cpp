@@ -48,6 +48,18 @@ std::string text(const json& value, const Where& where, const std::string& field
     return value.get<std::string>();
 }
 
+// A pixel [x, y], or {"vertex": id} with an optional "mesh" name and "offset" [dx, dy].
+Place place(const json& value, const Where& where, const std::string& field) {
+    if (!value.is_object()) return pixel(value, where, field);
+    if (!value.contains("vertex")) where.fail(field, "must be a pixel [x, y] or {\"vertex\": id}");
+    VertexPlace vertex;
+    vertex.vertex = wholeNumber(value["vertex"], where, field + ".vertex");
+    if (vertex.vertex < 0) where.fail(field + ".vertex", "must not be negative");
+    if (value.contains("mesh")) vertex.mesh = text(value["mesh"], where, field + ".mesh");
+    if (value.contains("offset")) vertex.offset = pixel(value["offset"], where, field + ".offset");
+    return vertex;
+}
+
 bool flag(const json& step, const char* field, const Where& where) {
     if (!step.contains(field)) return false;
     if (!step[field].is_boolean()) where.fail(field, "must be true or false");
@@ -144,15 +156,15 @@ std::string actionOf(const json& step, const std::string& place) {
 }
 
 Step parseStep(const json& step, size_t index) {
-    const std::string place = "step " + std::to_string(index + 1);
-    const std::string action = actionOf(step, place);
-    const Where where(place + " (" + action + ")");
+    const std::string stepName = "step " + std::to_string(index + 1);
+    const std::string action = actionOf(step, stepName);
+    const Where where(stepName + " (" + action + ")");
     const json& value = step[action];
     if (action == "press")
-        return Press{pixel(value, where, action), button(step, where), modifiers(step, where)};
+        return Press{place(value, where, action), button(step, where), modifiers(step, where)};
     if (action == "drag") return drag(step, where);
     if (action == "release")
-        return Release{pixel(value, where, action), button(step, where), modifiers(step, where)};
+        return Release{place(value, where, action), button(step, where), modifiers(step, where)};
     if (action == "move") return PointerMove{pixel(value, where, action)};
     if (action == "key") return key(value, where);
     if (action == "command") return Command{text(value, where, action)};

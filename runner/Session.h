@@ -22,10 +22,21 @@ struct Modifiers {
     bool ctrl = false;
 };
 
+// A mesh vertex standing for the pixel where it shows when the step runs, moved by `offset` pixels,
+// so that a session can click on or beside a vertex of a mesh the session itself has built. An empty
+// mesh name means the retopo mesh.
+struct VertexPlace {
+    std::string mesh;
+    int vertex = 0;
+    Pixel offset{0, 0};
+};
+// Where a press or release happens: a pixel, or a vertex's pixel.
+using Place = std::variant<Pixel, VertexPlace>;
+
 // Mouse gestures in view pixels, origin at the bottom left as in Maya. A drag is a polyline whose
 // points are sent as successive drag events.
 struct Press {
-    Pixel at;
+    Place at;
     MouseButton button;
     Modifiers modifiers;
 };
@@ -35,7 +46,7 @@ struct Drag {
     Modifiers modifiers;
 };
 struct Release {
-    Pixel at;
+    Place at;
     MouseButton button;
     Modifiers modifiers;
 };

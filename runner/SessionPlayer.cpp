@@ -1,5 +1,6 @@
 #include "runner/SessionPlayer.h"
 
+#include <maya/M3dView.h>
 #include <maya/MDagPath.h>
 #include <maya/MFnMesh.h>
 #include <maya/MGlobal.h>
@@ -24,14 +25,41 @@ driver::MouseButton hostButton(MouseButton button) {
 
 driver::Modifiers hostModifiers(Modifiers m) { return {m.shift, m.ctrl}; }
 
+MDagPath retopoMeshPath(const SceneNames& scene) {
+    MSelectionList active;
+    MGlobal::getActiveSelectionList(active);
+    MDagPath path;
+    if (active.length() && active.getDagPath(0, path) && path.extendToShape() && path.hasFn(MFn::kMesh))
+        return path;
+    for (MItDag it(MItDag::kDepthFirst, MFn::kMesh); !it.isDone(); it.next()) {
+        it.getPath(path);
+        MFnMesh mesh(path);
+        if (path.partialPathName() != scene.sourceShape.c_str() && !mesh.isIntermediateObject()) return path;
+    }
+    return MDagPath();
+}
+
+// The shape called `name`, or the retopo mesh when the name is empty.
+MDagPath meshNamed(const std::string& name, const SceneNames& scene) {
+    if (name.empty()) return retopoMeshPath(scene);
+    MSelectionList list;
+    MDagPath path;
+    if (!list.add(name.c_str()) || !list.getDagPath(0, path) || !path.extendToShape()) return MDagPath();
+    return path;
+}
+
 // One step's work; returns the status of the host call it made.
 class StepRunner {
 public:
-    StepRunner(const std::string& outDir, PlaybackResult& result, RunLog& log, int index)
-        : outDir_(outDir), result_(result), log_(log), index_(index) {}
+    StepRunner(const SceneNames& scene, const std::string& outDir, PlaybackResult& result, RunLog& log,
+               int index)
+        : scene_(scene), outDir_(outDir), result_(result), log_(log), index_(index) {}
 
     MStatus operator()(const Press& s) {
-        return driver::press(s.at[0], s.at[1], hostButton(s.button), hostModifiers(s.modifiers));
+        Pixel at;
+        const MStatus status = pixelOf(s.at, at);
+        if (!status) return status;
+        return driver::press(at[0], at[1], hostButton(s.button), hostModifiers(s.modifiers));
     }
     MStatus operator()(const Drag& s) {
         MStatus status;
@@ -42,7 +70,10 @@ public:
         return status;
     }
     MStatus operator()(const Release& s) {
-        return driver::release(s.at[0], s.at[1], hostButton(s.button), hostModifiers(s.modifiers));
+        Pixel at;
+        const MStatus status = pixelOf(s.at, at);
+        if (!status) return status;
+        return driver::release(at[0], at[1], hostButton(s.button), hostModifiers(s.modifiers));
     }
     MStatus operator()(const PointerMove& s) { return driver::movePointer(s.at[0], s.at[1]); }
     MStatus operator()(const Key& s) {
@@ -66,8 +97,9 @@ public:
         for (const auto& name : s.names) script += " \"" + name + "\"";
         return driver::runCommand(s.names.empty() ? "select -cl" : script);
     }
-    MStatus operator()(const Undo& s) { return repeat(s.times, driver::undo); }
-    MStatus operator()(const Redo& s) { return repeat(s.times, driver::redo); }
+    // Through the script commands, so that the log shows each step undone or redone.
+    MStatus operator()(const Undo& s) { return repeat(s.times, "undo"); }
+    MStatus operator()(const Redo& s) { return repeat(s.times, "redo"); }
     MStatus operator()(const CameraPlacement& s) {
         return driver::placeCamera(MPoint(s.eye[0], s.eye[1], s.eye[2]),
                                    MPoint(s.target[0], s.target[1], s.target[2]));
@@ -84,6 +116,28 @@ public:
     }
 
 private:
+    // The pixel of a place: itself, or where the vertex shows in the active view now. A missing mesh
+    // or vertex is logged and fails the step.
+    MStatus pixelOf(const Place& place, Pixel& at) {
+        if (const Pixel* pixel = std::get_if<Pixel>(&place)) {
+            at = *pixel;
+            return MS::kSuccess;
+        }
+        const VertexPlace& vertex = std::get<VertexPlace>(place);
+        const MDagPath mesh = meshNamed(vertex.mesh, scene_);
+        MPoint point;
+        if (!mesh.isValid() || vertex.vertex >= MFnMesh(mesh).numVertices() ||
+            !MFnMesh(mesh).getPoint(vertex.vertex, point, MSpace::kWorld)) {
+            log_.note("no vertex " + std::to_string(vertex.vertex) + " on " +
+                      (vertex.mesh.empty() ? std::string("the retopo mesh") : vertex.mesh));
+            return MS::kInvalidParameter;
+        }
+        short x = 0, y = 0;
+        M3dView::active3dView().worldToView(point, x, y);
+        at = {x + vertex.offset[0], y + vertex.offset[1]};
+        return MS::kSuccess;
+    }
+
     static void setOption(const std::string& name, int value) {
         MGlobal::setOptionVarValue(name.c_str(), value);
     }
@@ -93,12 +147,18 @@ private:
     static void setOption(const std::string& name, const std::string& value) {
         MGlobal::setOptionVarValue(name.c_str(), MString(value.c_str()));
     }
-    static MStatus repeat(int times, MStatus (*action)()) {
-        MStatus status;
-        for (int i = 0; i < times && status; ++i) status = action();
-        return status;
+    // Every one of the steps is tried: a step whose undo or redo fails is still off the queue, as
+    // in Maya, and the next one goes on from there. The first failure is the step's status.
+    static MStatus repeat(int times, const std::string& command) {
+        MStatus first;
+        for (int i = 0; i < times; ++i) {
+            const MStatus status = driver::runCommand(command);
+            if (first && !status) first = status;
+        }
+        return first;
     }
 
+    const SceneNames& scene_;
     const std::string& outDir_;
     PlaybackResult& result_;
     RunLog& log_;
@@ -111,30 +171,16 @@ const char* stepName(const Step& step) {
     return names[step.index()];
 }
 
-MDagPath retopoMeshPath(const SceneNames& scene) {
-    MSelectionList active;
-    MGlobal::getActiveSelectionList(active);
-    MDagPath path;
-    if (active.length() && active.getDagPath(0, path) && path.extendToShape() && path.hasFn(MFn::kMesh))
-        return path;
-    for (MItDag it(MItDag::kDepthFirst, MFn::kMesh); !it.isDone(); it.next()) {
-        it.getPath(path);
-        MFnMesh mesh(path);
-        if (path.partialPathName() != scene.sourceShape.c_str() && !mesh.isIntermediateObject()) return path;
-    }
-    return MDagPath();
-}
-
 }  // namespace
 
-PlaybackResult playSession(const Session& session, const SceneNames&, const std::string& outDir,
+PlaybackResult playSession(const Session& session, const SceneNames& scene, const std::string& outDir,
                            RunLog& log) {
     PlaybackResult result;
     log.checkTextChannels();
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const Step& step = session.steps[i];
         log.beginStep("step " + std::to_string(i + 1) + " " + stepName(step));
-        StepRunner run(outDir, result, log, static_cast<int>(i));
+        StepRunner run(scene, outDir, result, log, static_cast<int>(i));
         const MStatus status = std::visit(run, step);
         ++result.stepsRun;
         if (!status) {

@@ -28,6 +28,7 @@
 #include <vector>
 
 #include "drawing/DrawDirtyRequests.h"
+#include "geometry/functions.h"
 #include "graph/Node.h"
 #include "tests/plugin/pluginScene.h"
 
@@ -317,3 +318,16 @@ TEST_F(Locator, PreEvaluationFlagsTheDrawDirtyOnlyForADirtySizes) {
 }
 
 }  // namespace
+
+TEST_F(Locator, ScriptsReadTheRowsBackWithGetAttr) {
+    MIntArray row;
+    for (int id : {7, 3, 12}) row.append(id);
+    setIntArrayAttr("playervtx", node, row);
+    std::string ids;
+    ASSERT_TRUE(runCommand("getAttr " + name + ".playervtx", &ids));
+    EXPECT_EQ(ids, "7 3 12");
+    setIntArrayAttr("playervtx", node, MIntArray());
+    ASSERT_TRUE(runCommand("getAttr " + name + ".playervtx", &ids));
+    EXPECT_EQ(ids, "");
+    EXPECT_FALSE(runCommand("getAttr " + name + ".strokes")) << "points are not printable";
+}

@@ -96,10 +96,8 @@ public:
         const Attribute& attribute = *plug.hostPlug().key.attribute;
         PlugValue value = scene().evaluate(plug.hostPlug());
         if (attribute.kind != AttributeKind::kNumeric) {
-            auto text = std::dynamic_pointer_cast<StringData>(dataOf(value.data));
-            if (!text)
+            if (!setDataResult(dataOf(value.data)))
                 return fail(std::string("getAttr: ") + plug.name().asChar() + " holds no printable value");
-            result().set(std::string(text->value.asChar()));
         } else if (attribute.componentCount() > 1) {
             result().set(std::vector<double>(value.numbers.begin(),
                                              value.numbers.begin() + attribute.componentCount()));
@@ -107,6 +105,25 @@ public:
             result().set(value.numbers[0]);
         }
         return MS::kSuccess;
+    }
+
+private:
+    // A string, an int array or a double array as the command's result; false for other data.
+    bool setDataResult(const DataPtr& data) {
+        if (auto text = std::dynamic_pointer_cast<StringData>(data)) {
+            result().set(std::string(text->value.asChar()));
+        } else if (auto ints = std::dynamic_pointer_cast<IntArrayData>(data)) {
+            std::vector<int> values;
+            for (unsigned int i = 0; i < ints->value.length(); ++i) values.push_back(ints->value[i]);
+            result().set(std::move(values));
+        } else if (auto doubles = std::dynamic_pointer_cast<DoubleArrayData>(data)) {
+            std::vector<double> values;
+            for (unsigned int i = 0; i < doubles->value.length(); ++i) values.push_back(doubles->value[i]);
+            result().set(std::move(values));
+        } else {
+            return false;
+        }
+        return true;
     }
 };
 
