@@ -166,3 +166,40 @@ TEST(RunLogCommands, NoteEachCommandsResultSoQueriesCanBeRead) {
 }
 
 }  // namespace
+
+// The whole road of `kystrake demo --full` on a lighter relief: every step succeeds, each flow says
+// so in the log, and the merged mesh comes out whole.
+TEST(FullRoadRun, WalksEveryFlowAndEndsWithTheMergedMesh) {
+    Session session = fullRoadSession();
+    session.source.triangles = 30000;
+    const RunSummary summary = run(session, "full-road");
+    EXPECT_EQ(0, summary.playback.stepsFailed);
+    const std::string log = fileText(summary.logPath);
+    for (const char* text :
+         {"status: 2 anchor point(s) selected,", "status: Strake Patch created",
+          "Undo: kyStrakeCmd kyStrake_appendPatch", "status: Changing spans,Pinch value: 0",
+          "status: Bridge creagted", "Undo: polyBridgeEdge -divisions 3", "status: Boundary edges merged",
+          "Redo: polyMergeVertex", "status: Operation cancelled"})
+        EXPECT_NE(std::string::npos, log.find(text)) << text;
+    EXPECT_EQ(21u, summary.playback.frames.size());
+    ASSERT_FALSE(summary.meshPath.empty());
+    const PolygonMesh retopo = readObj(summary.meshPath);
+    // Forehead 120 quads, strake 60, second band 60, bridge 40, third band 60, and the merge's
+    // 40 quads between the second and third bands.
+    EXPECT_EQ(retopo.polygonCounts.size(), 380u);
+    EXPECT_EQ(retopo.points.size(), 429u);
+}
+
+// A press on a vertex the retopo mesh does not have fails that step alone, saying why.
+TEST(RunLogVertexPlaces, AMissingVertexFailsItsStep) {
+    Session session;
+    session.source.procedural = "plane";
+    session.source.triangles = 200;
+    session.steps = {Press{VertexPlace{"", 5, {0, 0}}, MouseButton::kLeft, {}},
+                     Press{VertexPlace{"sourceMeshShape", 9999, {0, 0}}, MouseButton::kLeft, {}}};
+    const RunSummary summary = run(session, "vertex-places");
+    EXPECT_EQ(2, summary.playback.stepsFailed);
+    const std::string log = fileText(summary.logPath);
+    EXPECT_NE(std::string::npos, log.find("[step 1 press] no vertex 5 on the retopo mesh")) << log;
+    EXPECT_NE(std::string::npos, log.find("[step 2 press] no vertex 9999 on sourceMeshShape")) << log;
+}

@@ -71,6 +71,25 @@ TEST(SessionParsing, ErrorsNameTheStepAndTheField) {
               errorOf(R"({"steps": [{"drag": []}]})"));
 }
 
+TEST(SessionParsing, PressesAndReleasesCanNameAVertex) {
+    Session s = parseSession(R"({"steps": [
+        {"press": {"vertex": 88, "offset": [-6, -6]}, "ctrl": true, "shift": true},
+        {"release": {"vertex": 3, "mesh": "kyMeshShape1"}}]})");
+    const auto& press = std::get<VertexPlace>(std::get<Press>(s.steps[0]).at);
+    EXPECT_EQ(88, press.vertex);
+    EXPECT_TRUE(press.mesh.empty());
+    EXPECT_EQ((Pixel{-6, -6}), press.offset);
+    const auto& release = std::get<VertexPlace>(std::get<Release>(s.steps[1]).at);
+    EXPECT_EQ("kyMeshShape1", release.mesh);
+    EXPECT_EQ((Pixel{0, 0}), release.offset);
+    EXPECT_EQ("step 1 (press): field \"press.vertex\" must not be negative",
+              errorOf(R"({"steps": [{"press": {"vertex": -1}}]})"));
+    EXPECT_EQ("step 1 (release): field \"release\" must be a pixel [x, y] or {\"vertex\": id}",
+              errorOf(R"({"steps": [{"release": {"mesh": "m"}}]})"));
+    EXPECT_EQ("step 1 (press): field \"press.offset\" must be a pixel [x, y]",
+              errorOf(R"({"steps": [{"press": {"vertex": 1, "offset": 3}}]})"));
+}
+
 TEST(SessionParsing, MissingFileIsASessionError) {
     EXPECT_THROW(loadSession("/nonexistent/session.json"), SessionError);
 }
