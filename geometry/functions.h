@@ -241,6 +241,9 @@ bool anyShadowClosed();
 bool anyStrokeClosed();
 // Stroke `index` closed; an index past the list throws (see PolylineList).
 bool isStrokeClosed(int index);
+// The test of isStrokeClosed on a stroke already in hand, for callers that hold a copy of the
+// stroke set and must not read the locator once per stroke (the viewport, each frame).
+bool isStrokeClosed(const MPointArray& stroke);
 bool isFirstChainClosed();
 // True when any of `ids` is not on the mesh's boundary; false for no ids.
 bool isRowOnInterior(const MDagPath& path, const MIntArray& ids);

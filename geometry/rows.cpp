@@ -233,8 +233,10 @@ bool anyStrokeClosed() {
 bool isStrokeClosed(int index) {
     PolylineList strokes = getStrokeList();
     if (strokes.empty()) return false;
-    return endsMeet(strokes[static_cast<std::size_t>(index)], kLooseClosedTolerance);
+    return isStrokeClosed(strokes[static_cast<std::size_t>(index)]);
 }
+
+bool isStrokeClosed(const MPointArray& stroke) { return endsMeet(stroke, kLooseClosedTolerance); }
 
 bool isFirstChainClosed() {
     PolylineList shadow = getShadowRows();

@@ -56,7 +56,9 @@ void kyStrakeDrawOverride::drawStrokes(MUIDrawManager& manager) const {
         manager.beginDrawable(MUIDrawManager::kAutomatic);
         manager.setLineWidth(2.0f);
         manager.setDepthPriority(kOnTopPriority);
-        if (isStrokeClosed(static_cast<int>(k))) drawClosingPair(manager, points);
+        // The cached stroke is the locator's, copied by prepareForDraw for this frame; testing it
+        // here spares a read and split of the whole stroke set per stroke.
+        if (isStrokeClosed(points)) drawClosingPair(manager, points);
         const MPoint first = points[0];
         const MPoint last = points[points.length() - 1];
         // lineList takes pairs, so an odd stroke repeats its last point.

@@ -10,12 +10,12 @@ class OPENMAYA_EXPORT MColor {
 public:
     // Opaque black (0, 0, 0, 1).
     MColor();
-    MColor(const MColor& src);
+    MColor(const MColor& src) = default;
     MColor(float rr, float gg, float bb = 0.0, float aa = 1.0);
     // r, g, b from three values; alpha 1.
     MColor(const float d[3]);
-    ~MColor();
-    MColor& operator=(const MColor& src);
+    ~MColor() = default;
+    MColor& operator=(const MColor& src) = default;
     // Component i: 0 r, 1 g, 2 b, 3 a; any other index reads r.
     float operator()(unsigned int i) const;
     float operator[](unsigned int i) const;

@@ -4,6 +4,8 @@
 // attributes, mesh data) would page-fault through every copy. The host keeps such blocks in the
 // heap instead. Set once, when the host library loads.
 
+// <cstdlib> first: it is what defines __GLIBC__ on a glibc system.
+#include <cstdlib>
 #if defined(__GLIBC__)
 #include <malloc.h>
 #endif
@@ -11,8 +13,10 @@
 namespace mhost {
 namespace {
 
-constexpr int kLargeBlockBytes = 64 << 20;  // blocks below this come from the heap
-constexpr int kKeptFreeBytes = 256 << 20;   // free heap kept before it is returned
+// Blocks below this come from the heap. 32 MiB is the largest value glibc accepts on a 64-bit
+// system (its mallopt refuses more and leaves its own sliding threshold in place).
+constexpr int kLargeBlockBytes = 32 << 20;
+constexpr int kKeptFreeBytes = 256 << 20;  // free heap kept before it is returned
 
 const bool allocatorTuned = [] {
 #if defined(__GLIBC__)

@@ -5,11 +5,8 @@
 const MColor MColor::kOpaqueBlack(0, 0, 0, 1);
 
 MColor::MColor() : r(0), g(0), b(0), a(1) {}
-MColor::MColor(const MColor& src) = default;
 MColor::MColor(float rr, float gg, float bb, float aa) : r(rr), g(gg), b(bb), a(aa) {}
 MColor::MColor(const float d[3]) : r(d[0]), g(d[1]), b(d[2]), a(1) {}
-MColor::~MColor() = default;
-MColor& MColor::operator=(const MColor& src) = default;
 
 float MColor::operator()(unsigned int i) const { return (*this)[i]; }
 // Reads go through the mutable accessor so that the index mapping is written once; nothing is written.
