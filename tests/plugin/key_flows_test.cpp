@@ -252,8 +252,16 @@ TEST_F(BorderJoins, EnterBridgesTheAnchorRowToTheOppositeRowAsOneUndoStep) {
     ASSERT_EQ(mhost::driver::undoJournal().size(), entries + 1);
     EXPECT_EQ(mhost::driver::undoJournal().back().rfind("polyBridgeEdge -divisions 1 -direction 0", 0), 0u);
 
+    // The bridge is the host's own command: its undo and redo swap the mesh and leave the locator,
+    // which ENTER cleared, as it is.
+    const MeshState after = meshState(retopo);
+    const LocatorArrays rows = rowArrays(locator);
     ASSERT_TRUE(mhost::driver::undo());
     EXPECT_TRUE(meshState(retopo) == before);
+    EXPECT_EQ(rowArrays(locator), rows);
+    ASSERT_TRUE(mhost::driver::redo());
+    EXPECT_TRUE(meshState(retopo) == after);
+    EXPECT_EQ(rowArrays(locator), rows);
 }
 
 TEST_F(BorderJoins, TheBridgeTakesItsDivisionsFromThePanelOption) {
@@ -310,8 +318,11 @@ TEST_F(BorderJoins, EnterMergesTheRowsAtTheirMidpointsAndUndoTakesItBack) {
     const std::vector<std::string> journal = mhost::driver::undoJournal();
     ASSERT_EQ(journal.size(), entries + 9) << "eight moves and the merge";
     EXPECT_EQ(journal.back().rfind("polyMergeVertex -am 1 -d 0.01 ", 0), 0u);
+    const MeshState after = meshState(retopo);
     for (int step = 0; step < 9; ++step) ASSERT_TRUE(mhost::driver::undo());
     EXPECT_TRUE(meshState(retopo) == before);
+    for (int step = 0; step < 9; ++step) ASSERT_TRUE(mhost::driver::redo());
+    EXPECT_TRUE(meshState(retopo) == after);
 }
 
 TEST_F(BorderJoins, AShorterOppositeRowMergesOnlyThePairsItHas) {
