@@ -93,21 +93,9 @@ MStatus kyStrakeToolCmd::appendBridgePatch(MPointArray row, MMeshIsectAccelParam
 
     seedSpineStart(strokes);
     const MPointArray spine = resampleStroke(strokes[0], vSpans);
-    const PolylineList rows = sweepRows(row, spine);
-    MFnMesh meshFn(meshPath);
-    const int base = meshVertexCount(meshPath);
-    bool ok = false;
-    MObject meshObject;
-    const MIntArray faces =
-        buildQuadGrid(meshFn, rows, static_cast<unsigned int>(n - 1), 1, false, ok, meshObject);
-
-    // Every new vertex is projected here, the spine's too.
-    const MObject vertices = deltaVertices(base, meshFn.numVertices());
-    const MIntArray spineIds = idsFromPoints(meshPath, spine, status);
+    MIntArray faces, spineIds;
+    status = buildBridgeBand(meshPath, row, spine, accelParams, getObjectByName(patchName), faces, spineIds);
     if (!status) return status;
-    const bool reversed = projectOnSource(meshFn.dagPath(), vertices, accelParams, status);
-    if (!status) return status;
-    KY_RETURN_ON_FAILURE(commitPatchMesh(meshFn, reversed, getObjectByName(patchName), faces));
 
     const MIntArray players = getPlayerVertices();
     KY_RETURN_ON_FAILURE(writeShadowIndices(players, MIntArray(), spineIds));
@@ -118,6 +106,27 @@ MStatus kyStrakeToolCmd::appendBridgePatch(MPointArray row, MMeshIsectAccelParam
     KY_RETURN_ON_FAILURE(setNewFaces(faces));
     KY_RETURN_ON_FAILURE(clearStrokes());
     return clearMeshTweaks();
+}
+
+MStatus kyStrakeToolCmd::buildBridgeBand(const MDagPath& meshPath, const MPointArray& row,
+                                         const MPointArray& spine, MMeshIsectAccelParams& accelParams,
+                                         const MObject& node, MIntArray& faces, MIntArray& spineIds) {
+    const PolylineList rows = sweepRows(row, spine);
+    MFnMesh meshFn(meshPath);
+    const int base = meshVertexCount(meshPath);
+    bool ok = false;
+    MObject meshObject;
+    faces = buildQuadGrid(meshFn, rows, row.length() - 1, 1, false, ok, meshObject);
+
+    // Every new vertex is projected here, the spine's too.
+    const MObject vertices = deltaVertices(base, meshFn.numVertices());
+    MStatus status;
+    spineIds = idsFromPoints(meshPath, spine, status);
+    if (!status) return status;
+    const bool reversed = projectOnSource(meshFn.dagPath(), vertices, accelParams, status);
+    if (KY_REPORT_FAILURE(status)) return status;
+    KY_RETURN_ON_FAILURE(commitPatchMesh(meshFn, reversed, node, faces));
+    return MS::kSuccess;
 }
 
 // With the first strake merged onto existing vertices, column 0 of the band adds two vertices per

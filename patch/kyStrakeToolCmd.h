@@ -226,6 +226,12 @@ private:
     void readRowIds(RowIds& rows, MStatus& status);
     void setPoints(uint32_t id, const MPointArray& before, const MPointArray& after);
     MStatus redoAppend(const MObject& node);
+    // The quads of a bridge: rows swept from `row` along `spine`, one strip across, added to the mesh
+    // at `meshPath`, projected onto the source and written into the patch node `node`. `faces`
+    // receives the new faces, `spineIds` the vertices the spine became.
+    MStatus buildBridgeBand(const MDagPath& meshPath, const MPointArray& row, const MPointArray& spine,
+                            MMeshIsectAccelParams& accelParams, const MObject& node, MIntArray& faces,
+                            MIntArray& spineIds);
     MStatus writeSnapshotToNode(const MeshSnapshot& snapshot, const MObject& node);
 
     // Kept for the class layout; nothing uses them.

@@ -36,7 +36,6 @@ MStatus kyStrakeToolCmd::redrawBridgePatch(MDagPath meshPath, MMeshIsectAccelPar
     MStatus status = getShadowIndices(row1, row2, row3);
     const MPointArray rowPoints = pointsFromIds(row1, meshPath, status);
     if (!status) return status;
-    const int n = static_cast<int>(row1.length());
     const int vSpans = getVSpan();
     if (stroke.length() < 2) return status;
 
@@ -44,24 +43,13 @@ MStatus kyStrakeToolCmd::redrawBridgePatch(MDagPath meshPath, MMeshIsectAccelPar
     MStatus lookup;
     if (!getUpstreamPatchNode(node, lookup)) return failWith(status, "cannot find previous patch");
     const MPointArray spine = resampleStroke(stroke, vSpans);
-    const PolylineList rows = sweepRows(rowPoints, spine);
     setUSpan(static_cast<int>(rowPoints.length()) - 1);
     KY_RETURN_ON_FAILURE(setNodeStateHasNoEffect(node));
 
-    MFnMesh meshFn(meshPath);
-    const int base = meshVertexCount(meshPath);
     clearMeshTweaks();
-    bool ok = false;
-    MObject meshObject;
-    const MIntArray faces =
-        buildQuadGrid(meshFn, rows, static_cast<unsigned int>(n - 1), 1, false, ok, meshObject);
-    const MObject vertices = deltaVertices(base, meshFn.numVertices());
-    const MIntArray spineIds = idsFromPoints(meshPath, spine, status);
+    MIntArray faces, spineIds;
+    status = buildBridgeBand(meshPath, rowPoints, spine, accelParams, node, faces, spineIds);
     if (!status) return status;
-
-    const bool reversed = projectOnSource(meshFn.dagPath(), vertices, accelParams, status);
-    KY_RETURN_ON_FAILURE(status);
-    KY_RETURN_ON_FAILURE(commitPatchMesh(meshFn, reversed, node, faces));
     KY_RETURN_ON_FAILURE(setNodeStateNormal(node));
     MIntArray unused1, unused2, unused3;
     KY_RETURN_ON_FAILURE(getShadowIndices(unused1, unused2, unused3));

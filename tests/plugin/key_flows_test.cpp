@@ -33,14 +33,9 @@ protected:
 
     // A scratch patch from two strokes and ENTER, with its far row taken as the player row.
     MDagPath scratchWithPlayerRow() {
-        strokeOnSource(2.0, 2.0, 8.0, 2.0);
-        strokeOnSource(2.0, 6.0, 8.0, 6.0);
-        context->completeAction();
-        MIntArray row1, row2, row3;
-        getShadowIndices(row1, row2, row3);
-        setPlayerVertices(row2);
-        setPlayerLineFromIds(row2);
-        return getActiveMeshPath();
+        const MDagPath retopo = buildScratch();
+        takeFarRowAsPlayerRow();
+        return retopo;
     }
 };
 

@@ -94,6 +94,25 @@ protected:
         release(*context, onSource(u1, v1), kLeft, modifiers);
     }
 
+    // Two strokes across the grid and ENTER: a 4 x 3 scratch patch between v = 2 and v = 7, with no
+    // player row.
+    MDagPath buildScratch() {
+        strokeOnSource(2.0, 2.0, 8.0, 2.4);
+        strokeOnSource(2.0, 7.0, 8.0, 7.0);
+        EXPECT_EQ(strokeCount(), 2);
+        context->completeAction();
+        return getActiveMeshPath();
+    }
+
+    // The far stroke's row of the last patch as the player row, as an anchor pick leaves it.
+    MIntArray takeFarRowAsPlayerRow() {
+        MIntArray row1, row2, row3;
+        getShadowIndices(row1, row2, row3);
+        setPlayerVertices(row2);
+        setPlayerLineFromIds(row2);
+        return row2;
+    }
+
     // Largest distance of a vertex of `path` from the source surface, world space.
     double largestDistanceFromSource(const MDagPath& path) const {
         MFnMesh mesh(path), surface(source);

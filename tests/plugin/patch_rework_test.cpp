@@ -18,14 +18,6 @@ protected:
         makePatchScene(GetParam());
     }
 
-    // Two strokes and ENTER: a 4 x 3 scratch patch between v = 2 and v = 7, with no player row.
-    MDagPath buildScratch() {
-        strokeOnSource(2.0, 2.0, 8.0, 2.4);
-        strokeOnSource(2.0, 7.0, 8.0, 7.0);
-        context->completeAction();
-        return getActiveMeshPath();
-    }
-
     // The scratch's far row as the player row, then a stroke at v = 9.5: a strake patch on it.
     MDagPath buildStrakePatch(int vSpans = 3) {
         const MDagPath retopo = buildScratch();
@@ -48,14 +40,6 @@ protected:
         takeFarRowAsPlayerRow();
         strokeOnSource(5.0, 7.8, 5.2, 9.6, kShift);
         return getActiveMeshPath();
-    }
-
-    MIntArray takeFarRowAsPlayerRow() {
-        MIntArray row1, row2, row3;
-        getShadowIndices(row1, row2, row3);
-        setPlayerVertices(row2);
-        setPlayerLineFromIds(row2);
-        return row2;
     }
 
     // Local v of vertex `id` of `retopo`, on the grid's own axes.

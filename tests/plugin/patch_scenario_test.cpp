@@ -27,15 +27,6 @@ protected:
         makePatchScene(GetParam());
     }
 
-    // Two strokes across the grid and ENTER: a 4 x 3 scratch patch between v = 2 and v = 7.
-    MDagPath buildFirstScratch() {
-        strokeOnSource(2.0, 2.0, 8.0, 2.4);
-        strokeOnSource(2.0, 7.0, 8.0, 7.0);
-        EXPECT_EQ(strokeCount(), 2);
-        context->completeAction();
-        return getActiveMeshPath();
-    }
-
     // A scratch whose far stroke bows towards +v in its middle, so that its row is not straight.
     // (From a straight, evenly spaced row the bridge's spine would start exactly on the chord's
     // middle, where the sweep has no direction: a case the sweep leaves undefined.)
@@ -49,15 +40,6 @@ protected:
         release(*context, onSource(8.0, 7.0), kLeft);
         context->completeAction();
         return getActiveMeshPath();
-    }
-
-    // The far stroke's row of the last patch as the player row, as an anchor pick leaves it.
-    MIntArray takeFarRowAsPlayerRow() {
-        MIntArray row1, row2, row3;
-        getShadowIndices(row1, row2, row3);
-        setPlayerVertices(row2);
-        setPlayerLineFromIds(row2);
-        return row2;
     }
 
     // Ids and player positions equal exactly. The shadow's second polyline is written back from the
@@ -83,7 +65,7 @@ protected:
 };
 
 TEST_P(PatchScenario, StrokesAndEnterMakeAScratchPatchLyingOnTheSource) {
-    const MDagPath retopo = buildFirstScratch();
+    const MDagPath retopo = buildScratch();
     ASSERT_TRUE(retopo.isValid());
     EXPECT_EQ(MFnMesh(retopo).numPolygons(), 12);
     EXPECT_EQ(MFnMesh(retopo).numVertices(), 20);
@@ -110,7 +92,7 @@ TEST_P(PatchScenario, OneStrokeAndEnterMakeNothing) {
 }
 
 TEST_P(PatchScenario, UndoOfAFirstScratchDeletesTheMeshAndRedoNeedsASelection) {
-    const MeshState after = meshState(buildFirstScratch());
+    const MeshState after = meshState(buildScratch());
     // A scratch began with no player row, so its locator state is not restored and undo reports
     // that; the mesh goes all the same.
     EXPECT_FALSE(mhost::driver::undo());
@@ -124,7 +106,7 @@ TEST_P(PatchScenario, UndoOfAFirstScratchDeletesTheMeshAndRedoNeedsASelection) {
 }
 
 TEST_P(PatchScenario, RedoOfAFirstScratchRebuildsTheSameMeshFromItsArrays) {
-    const MeshState after = meshState(buildFirstScratch());
+    const MeshState after = meshState(buildScratch());
     mhost::driver::undo();
     select(source);
     mhost::driver::redo();
@@ -140,7 +122,7 @@ TEST_P(PatchScenario, RedoOfAFirstScratchRebuildsTheSameMeshFromItsArrays) {
 }
 
 TEST_P(PatchScenario, ScratchOnASelectedMeshJoinsItAndUndoesBitForBit) {
-    const MDagPath retopo = buildFirstScratch();
+    const MDagPath retopo = buildScratch();
     const MeshState first = meshState(retopo);
     strokeOnSource(2.0, 8.4, 8.0, 8.4);
     strokeOnSource(2.0, 9.6, 8.0, 9.6);
@@ -159,7 +141,7 @@ TEST_P(PatchScenario, ScratchOnASelectedMeshJoinsItAndUndoesBitForBit) {
 }
 
 TEST_P(PatchScenario, AStrokeBeyondThePlayerRowGrowsAStrakePatch) {
-    const MDagPath retopo = buildFirstScratch();
+    const MDagPath retopo = buildScratch();
     const MIntArray playerRow = takeFarRowAsPlayerRow();
     ASSERT_EQ(playerRow.length(), 5u);
     const MeshState before = meshState(retopo);
@@ -200,7 +182,7 @@ TEST_P(PatchScenario, AStrokeBeyondThePlayerRowGrowsAStrakePatch) {
 }
 
 TEST_P(PatchScenario, ASecondStrakeGrowsFromTheFirstOnesFarRow) {
-    const MDagPath retopo = buildFirstScratch();
+    const MDagPath retopo = buildScratch();
     takeFarRowAsPlayerRow();
     strokeOnSource(2.0, 8.5, 8.0, 8.5);
     const MIntArray firstFar = getPlayerVertices();
@@ -234,7 +216,7 @@ TEST_P(PatchScenario, AShiftStrokeFromThePlayerRowSweepsABridgePatch) {
 }
 
 TEST_P(PatchScenario, ARetopoMeshDeletedBetweenGesturesIsMadeAnew) {
-    buildFirstScratch();
+    buildScratch();
     ASSERT_TRUE(mhost::driver::runCommand("delete kyMeshShape1"));
     MGlobal::clearSelectionList();
     strokeOnSource(2.0, 2.0, 8.0, 2.0);
@@ -293,7 +275,7 @@ TEST_P(PatchScenario, AClickIsNoStrokeAndOneStrokeIsNoPatch) {
 TEST_P(PatchScenario, SpansOfZeroOrBelowMakeOneQuadEachWay) {
     setOption("ky_uspan", 0);
     setOption("ky_vspan", -3);
-    buildFirstScratch();
+    buildScratch();
     const MDagPath retopo = getActiveMeshPath();
     ASSERT_TRUE(retopo.isValid());
     EXPECT_EQ(MFnMesh(retopo).numPolygons(), 1);
@@ -301,7 +283,7 @@ TEST_P(PatchScenario, SpansOfZeroOrBelowMakeOneQuadEachWay) {
 }
 
 TEST_P(PatchScenario, AStrokeOffARowWhoseMeshWasDeletedBuildsNothing) {
-    buildFirstScratch();
+    buildScratch();
     takeFarRowAsPlayerRow();
     const MDagPath retopo = getActiveMeshPath();
     ASSERT_TRUE(mhost::driver::runCommand("delete " + std::string(retopo.fullPathName().asChar())));
