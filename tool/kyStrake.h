@@ -243,6 +243,17 @@ public:
     MStatus moveBrushDrag();
     MStatus moveBrushRelease();
     void drawMoveHover(MHWRender::MUIDrawManager& drawManager);
+    // One relax pass over the vertices of `component` on `retopo`, in index order, each written at
+    // once: a vertex sees the new positions of those before it. Ends with a view refresh.
+    MStatus relaxSelection(const MObject& component, const MDagPath& retopo);
+    // The relax brush's circle at brushCenter, facing `normal`, at the option's radius.
+    void drawRelaxCircle(MHWRender::MUIDrawManager& drawManager, const MVector& normal);
+    // The move brush's world displacement for the current pixel; `nearPoint` receives the press
+    // ray's near point, which the displacement is measured from.
+    MVector moveDragVector(MPoint& nearPoint);
+    // Writes the locator's tweakRadius: empty with `clear`, else (ky_strakeTweakR, currentX,
+    // currentY).
+    MStatus setTweakRadius(bool clear);
     // The slice stroke through the source and its closing at release.
     MStatus captureSliceStroke(MHWRender::MUIDrawManager& drawManager);
     MStatus closeSliceContour();

@@ -8,11 +8,6 @@
 
 MStatus kyStrakeContext::bevelRing() { return MS::kSuccess; }
 
-MStatus kyStrakeContext::relaxDrag(MHWRender::MUIDrawManager&) { return MS::kSuccess; }
-MStatus kyStrakeContext::moveBrushStart(const MDagPath&) { return MS::kSuccess; }
-MStatus kyStrakeContext::moveBrushDrag() { return MS::kSuccess; }
-MStatus kyStrakeContext::moveBrushRelease() { return MS::kSuccess; }
-void kyStrakeContext::drawMoveHover(MHWRender::MUIDrawManager&) {}
 
 MStatus kyStrakeContext::captureSliceStroke(MHWRender::MUIDrawManager&) { return MS::kSuccess; }
 MStatus kyStrakeContext::closeSliceContour() { return MS::kSuccess; }
