@@ -158,9 +158,10 @@ TEST_F(DrawOverrides, GoWithTheirNodeAndTheirRegistration) {
     run("createNode probeLocator -n probeB");
     frame();
     run("delete probeA");
+    EXPECT_EQ(1, probe.destroyed) << "at once, so no callback of the override outlives its node";
+    EXPECT_EQ(1, probe.dataDeleted);
     frame();
     EXPECT_EQ(1, probe.destroyed);
-    EXPECT_EQ(1, probe.dataDeleted);
     ASSERT_TRUE(driver::undo());
     frame();
     EXPECT_EQ(3, probe.created) << "a node brought back by undo gets a new override";
@@ -169,6 +170,14 @@ TEST_F(DrawOverrides, GoWithTheirNodeAndTheirRegistration) {
     EXPECT_EQ(3, probe.destroyed) << "deregistering destroys the overrides at once";
     frame();
     EXPECT_TRUE(driver::frameDrawings().empty());
+}
+
+TEST_F(DrawOverrides, GoWithTheSceneWhenItIsReset) {
+    run("createNode probeLocator -n probeA");
+    frame();
+    ASSERT_EQ(1, probe.created);
+    driver::resetScene();
+    EXPECT_EQ(1, probe.destroyed);
 }
 
 TEST_F(DrawOverrides, SkipHiddenNodesUnsupportedDevicesAndBoundsOutOfView) {

@@ -1,6 +1,7 @@
 #include "drawing/DrawOverrideCache.h"
 
 #include "graph/ApiBridge.h"
+#include "graph/Scene.h"
 
 namespace mhost {
 
@@ -31,7 +32,12 @@ void DrawOverrideCache::dropMadeBy(DrawOverrideCreator creator) {
 }
 
 DrawOverrideCache& drawOverrideCache() {
-    static auto* cache = new DrawOverrideCache;
+    static auto* cache = [] {
+        auto* made = new DrawOverrideCache;
+        // An override goes with its node, so that no callback it registered outlives the node.
+        scene().addRemovalListener([made] { made->dropDeadNodes(); });
+        return made;
+    }();
     return *cache;
 }
 

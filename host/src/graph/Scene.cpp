@@ -101,6 +101,11 @@ void Scene::deleteNode(const NodePtr& node) {
         nodes_.erase(std::remove(nodes_.begin(), nodes_.end(), gone), nodes_.end());
         gone->alive = false;
     }
+    notifyRemoval();
+}
+
+void Scene::notifyRemoval() const {
+    for (const auto& listener : removalListeners_) listener();
 }
 
 void Scene::restoreNode(const NodePtr& node, const std::vector<Connection>& connections) {
@@ -317,6 +322,7 @@ void Scene::clear() {
     connections_.clear();
     for (const auto& node : nodes_) node->alive = false;
     nodes_.clear();
+    notifyRemoval();
 }
 
 Scene& scene() {

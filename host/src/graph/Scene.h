@@ -5,6 +5,7 @@
 #include <maya/MSelectionList.h>
 #include <maya/MStatus.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -42,8 +43,14 @@ public:
     // Makes a node and its behaviour without putting it in the scene (MDGModifier creates this way
     // and inserts at doIt). The parent link is set but the parent does not list it yet.
     NodePtr makeNode(const NodeTypePtr& type, const std::string& requestedName, Node* parent = nullptr);
-    // Removes a node, its DAG children and every connection touching them.
+    // Removes a node, its DAG children and every connection touching them, then tells the removal
+    // listeners.
     void deleteNode(const NodePtr& node);
+    // Called after every deleteNode and clear, so that what the host keeps per node (draw
+    // overrides) goes with the node rather than at some later frame.
+    void addRemovalListener(std::function<void()> listener) {
+        removalListeners_.push_back(std::move(listener));
+    }
     // Puts a node made by makeNode, or removed by deleteNode (undo), into the scene with its DAG
     // children and the connections given; a name taken meanwhile is made unique.
     void restoreNode(const NodePtr& node, const std::vector<Connection>& connections);
@@ -85,7 +92,7 @@ public:
     // and connections).
     void markDirty(const PlugRef& plug);
 
-    // Removes every node and connection, and resets the settings.
+    // Removes every node and connection, and resets the settings; then tells the removal listeners.
     void clear();
 
     SceneSettings settings;
@@ -98,8 +105,11 @@ private:
     void store(const PlugRef& plug, const PlugValue& value);
     void detach(const NodePtr& node, std::vector<NodePtr>& removed);
 
+    void notifyRemoval() const;
+
     std::vector<NodePtr> nodes_;
     std::vector<Connection> connections_;
+    std::vector<std::function<void()>> removalListeners_;
 };
 
 Scene& scene();

@@ -29,6 +29,11 @@ public:
     // The mesh, to be changed in place; first copies it (O(mesh)) when another data object shares it.
     MeshTopology& editMesh();
     void setMesh(MeshTopology mesh);
+    // Whether `other` holds the very same mesh (not an equal copy).
+    bool sharesMeshWith(const MeshData& other) const { return mesh_ == other.mesh_; }
+    // Lets go of the mesh, holding an empty one: for a value about to be computed again, so that
+    // the data it shared its mesh with can be edited in place rather than copied.
+    void releaseMesh() { mesh_ = std::make_shared<MeshTopology>(); }
     // The accelerator of the mesh as it is now: built on first use after each change (O(triangles log
     // triangles)), then reused. Throws HostError when Embree fails.
     std::shared_ptr<const RayAccelerator> accelerator() const;

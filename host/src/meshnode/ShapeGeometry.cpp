@@ -35,12 +35,31 @@ void ownMeshChanged(const NodePtr& shape) {
     scene().setValue(input, shape->storedValue(input.key));
 }
 
+// The shape's computed values (outMesh, cachedInMesh, worldMesh) share its own mesh until they are
+// computed again. An edit of the own mesh dirties them all, so they let go of it first: the edit
+// then happens in place, where it would otherwise copy the whole mesh, once per vertex moved.
+void releaseComputedShares(const NodePtr& shape, const MeshData& own) {
+    const MeshShapeAttributes& a = meshShapeAttributes();
+    for (auto& [key, value] : shape->values) {
+        if (key.attribute == a.inMesh.get()) continue;
+        const MeshDataPtr data = meshDataOf(value.data);
+        if (data && data->sharesMeshWith(own)) data->releaseMesh();
+    }
+}
+
 void editOwnMesh(const NodePtr& shape, const std::function<void(MeshTopology&)>& edit) {
     const MeshShapeAttributes& a = meshShapeAttributes();
     const MeshDataPtr own = storedMesh(shape, a.inMesh);
     const VertexTweaks tweaks = VertexTweaks::read(shape, *a.pnts);
     if (tweaks.empty()) {
-        edit(own->editMesh());
+        releaseComputedShares(shape, *own);
+        try {
+            edit(own->editMesh());
+        } catch (...) {
+            // The outputs let go of the mesh: a refused edit must still have them computed again.
+            ownMeshChanged(shape);
+            throw;
+        }
     } else {
         MeshTopology shown = shapeGeometry(shape)->mesh();
         edit(shown);
