@@ -6,7 +6,6 @@
 #include "tool/kyStrake.h"
 
 
-MStatus kyStrakeContext::bevelRing() { return MS::kSuccess; }
 
 MStatus kyStrakeContext::relaxDrag(MHWRender::MUIDrawManager&) { return MS::kSuccess; }
 MStatus kyStrakeContext::moveBrushStart(const MDagPath&) { return MS::kSuccess; }
@@ -14,8 +13,4 @@ MStatus kyStrakeContext::moveBrushDrag() { return MS::kSuccess; }
 MStatus kyStrakeContext::moveBrushRelease() { return MS::kSuccess; }
 void kyStrakeContext::drawMoveHover(MHWRender::MUIDrawManager&) {}
 
-MStatus kyStrakeContext::captureSliceStroke(MHWRender::MUIDrawManager&) { return MS::kSuccess; }
-MStatus kyStrakeContext::closeSliceContour() { return MS::kSuccess; }
 
-MStatus kyStrakeContext::refreshFreezeBorder() { return MS::kSuccess; }
-MStatus kyStrakeContext::refreshFreezeMedian() { return MS::kSuccess; }
