@@ -233,7 +233,13 @@ public:
     // Writes the bridge or merge preview (fusept, fusemesh, fuseindices, mode, then sublines) from
     // the player row and the opposite row; mode 1 turns -1 when the two rows share a vertex.
     MStatus rebuildBridgePreview(int mode);
+    // -bevel: cuts one edge loop next to row 1 and one next to row 2 inside the last patch's faces,
+    // as polySplitRing text handed to a tool command (operation 10). kInvalidParameter, with no
+    // command made, when there is no strake or the two rows have different rung counts.
     MStatus bevelRing();
+    // The rung edges of `faces` that leave `row` on the retopo mesh, in row order: per row vertex,
+    // the edges of its faces that touch it and not the next row vertex. Edge ids of `retopo`.
+    static MIntArray ringEdges(const MIntArray& row, const MIntArray& faces, const MDagPath& retopo);
     // Arms the relax brush: its pass strength is `intensity` x 6, and the status line shows the
     // option-scale values.
     void setRelaxBrush(double intensity, double radius);
@@ -254,12 +260,27 @@ public:
     // Writes the locator's tweakRadius: empty with `clear`, else (ky_strakeTweakR, currentX,
     // currentY).
     MStatus setTweakRadius(bool clear);
-    // The slice stroke through the source and its closing at release.
+    // One drag event of a slice stroke (LMB with SHIFT, no player row): gathers the front and back
+    // hits under the pointer, or under every sample of the figure, and draws the stroke cursor.
     MStatus captureSliceStroke(MHWRender::MUIDrawManager& drawManager);
+    // Rebuilds strokePoints, frontHits and backHits from the through picks of world `samples`;
+    // samples with no front hit add nothing. One ray per sample.
+    void projectSliceSamples(const MPointArray& samples);
+    // At release: joins the front hits, the back hits walked backwards and two straight bridges
+    // into one closed ring on the source, in strokePoints. Empty when either side had no hit.
     MStatus closeSliceContour();
-    // Recomputes the frozen border and median vertices and their markers.
+    // Every segment of `points` cut into `steps` equal steps, the first input point left out; a
+    // single point gives an empty result.
+    static MPointArray subdivideSegments(const MPointArray& points, int steps);
+    // Freeze border: the retopo mesh's boundary ids into frozenVertices and the ones facing the
+    // eye as markers in the locator's freepoints, both empty while the switch is off. O(vertices).
     MStatus refreshFreezeBorder();
+    // Freeze median: the boundary ids on or over x = 0 into medianVertices, those facing the eye
+    // as markers in freezeMedian. An invalid retopo path ends it with nothing written. O(vertices).
     MStatus refreshFreezeMedian();
+    // Whether `point` lies on the median for a model on `side` ("left" or "right"): at or below
+    // x = 0 on the right, at or above it on the left.
+    static bool onMedianSide(const MPoint& point, const MString& side);
 
     // --- State, in declaration order ----------------------------------------------------------
 

@@ -90,7 +90,7 @@ TEST_F(ContextDispatch, ShiftWithoutARowIsASliceAndBothModifiersCaptureAStroke) 
     drag(*context, MPoint(3, 0, 3), kLeft, kShift);
     EXPECT_TRUE(context->sliceStroke);
     EXPECT_FALSE(context->shiftStroke);
-    EXPECT_EQ(context->strokePoints.length(), 0u);
+    EXPECT_EQ(context->frontHits.length(), 1u) << "the slice's own capture took the event";
 
     press(*context, MPoint(3, 0, 3), kLeft, kShiftCtrl);
     drag(*context, MPoint(3, 0, 3), kLeft, kShiftCtrl);
