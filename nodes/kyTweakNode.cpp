@@ -17,6 +17,8 @@
 #include <maya/MRichSelection.h>
 #include <maya/MSelectionList.h>
 
+#include <initializer_list>
+
 #include "geometry/errorReporting.h"
 #include "geometry/functions.h"
 
