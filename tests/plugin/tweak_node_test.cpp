@@ -19,6 +19,7 @@
 #include <maya/MSelectionList.h>
 #include <maya/MVector.h>
 #include <mhost/Driver.h>
+#include <mhost/SceneFile.h>
 
 #include <cmath>
 #include <initializer_list>
@@ -87,6 +88,11 @@ protected:
         transform.pop();
         ASSERT_TRUE(
             runCommand("setAttr " + nameOf(transform) + "." + attribute + " " + std::to_string(value)));
+    }
+    static MDagPath pathOf(const std::string& name) {
+        MDagPath path;
+        MDagPath::getAPathTo(kytest::nodeNamed(name), path);
+        return path;
     }
     static MPointArray worldPoints(const MDagPath& mesh) {
         MPointArray points;
@@ -224,6 +230,23 @@ TEST_F(TweakNode, SecondScanConnectionKeepsTheFirstMesh) {
     ASSERT_TRUE(runCommand("connectAttr -f " + nameOf(second) + ".outMesh " + locatorName + ".kyStrakeMesh"));
     connect(second, "scanMesh", true);
 
+    selectVertices(low, "4");
+    ASSERT_TRUE(pull());
+    expectNear(MPoint(1.0, 0.0, 1.0), worldPoints(low)[4]);
+}
+
+// A loaded scene remakes the connections, and with them the intersector of a fresh node.
+TEST_F(TweakNode, ReloadedSceneSnapsAgain) {
+    const MDagPath scan = makeGrid(6, 6, 0.0, -1.0);
+    const std::string lowName = nameOf(makeGrid(2, 2, 0.5));
+    wire(scan, pathOf(lowName));
+    const std::string tweakNodeName = tweakName();
+    const std::string file = ::testing::TempDir() + "tweakNodeScene.json";
+    ASSERT_TRUE(mhost::driver::saveScene(file));
+    ASSERT_TRUE(mhost::driver::loadScene(file));
+
+    tweak = kytest::nodeNamed(tweakNodeName);
+    const MDagPath low = pathOf(lowName);
     selectVertices(low, "4");
     ASSERT_TRUE(pull());
     expectNear(MPoint(1.0, 0.0, 1.0), worldPoints(low)[4]);
