@@ -22,6 +22,7 @@
 #include <mhost/SceneFile.h>
 
 #include <cmath>
+#include <cstdio>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -243,7 +244,9 @@ TEST_F(TweakNode, ReloadedSceneSnapsAgain) {
     const std::string tweakNodeName = tweakName();
     const std::string file = ::testing::TempDir() + "tweakNodeScene.json";
     ASSERT_TRUE(mhost::driver::saveScene(file));
-    ASSERT_TRUE(mhost::driver::loadScene(file));
+    const MStatus loaded = mhost::driver::loadScene(file);
+    std::remove(file.c_str());
+    ASSERT_TRUE(loaded);
 
     tweak = kytest::nodeNamed(tweakNodeName);
     const MDagPath low = pathOf(lowName);
