@@ -16,6 +16,7 @@
 #include "nodes/kyPatchCmd.h"
 #include "nodes/kyPatchNode.h"
 #include "nodes/kyStrakeLocatorNode.h"
+#include "nodes/kyTweakNode.h"
 #include "patch/kyStrakeToolCmd.h"
 #include "tool/kyStrakeContextCmd.h"
 #include "viewport/kyStrakeDrawOverride.h"
@@ -42,6 +43,7 @@ const char* const kContextCommandName = "kyStrakeContext";
 const char* const kToolCommandName = "kyStrakeCmd";
 const char* const kPatchCommandName = "kyPatchCmd";
 const char* const kPatchNodeName = "kyPatchNode";
+const char* const kTweakNodeName = "kyTweakNode";
 
 MString banner() {
     MString text("\n");
@@ -72,6 +74,10 @@ MStatus initializePlugin(MObject obj) {
                                            kyStrakeToolCmd::creator, kyStrakeToolCmd::newSyntax);
     KY_RETURN_ON_FAILURE(status);
 
+    status = plugin.registerNode(kTweakNodeName, kyTweakNode::id, kyTweakNode::creator,
+                                 kyTweakNode::initialize, MPxNode::kDependNode);
+    KY_RETURN_ON_FAILURE(status);
+
     status = plugin.registerCommand(kPatchCommandName, kyPatchCmd::creator, kyPatchCmd::newSyntax);
     KY_RETURN_ON_FAILURE(status);
 
@@ -84,7 +90,8 @@ MStatus initializePlugin(MObject obj) {
 }
 
 // Deliberately not the mirror image of initializePlugin: the identity given here is the default
-// "Unknown" vendor and version, and the types go in an order of their own.
+// "Unknown" vendor and version, and the types go in an order of their own (the tweak node, registered
+// before the patch command, goes last).
 MStatus uninitializePlugin(MObject obj) {
     MFnPlugin plugin(obj, "Unknown", "Unknown", kRequiredApiVersion);
     MStatus status;
@@ -103,6 +110,9 @@ MStatus uninitializePlugin(MObject obj) {
     KY_RETURN_ON_FAILURE(status);
 
     status = plugin.deregisterNode(kyPatchNode::id);
+    KY_RETURN_ON_FAILURE(status);
+
+    status = plugin.deregisterNode(kyTweakNode::id);
     KY_RETURN_ON_FAILURE(status);
 
     return MS::kSuccess;

@@ -9,6 +9,9 @@
 #include <maya/MPointArray.h>
 #include <maya/MPxNode.h>
 
+#include <string>
+#include <vector>
+
 #include "support/TestPlugin.h"
 
 namespace {
@@ -45,18 +48,28 @@ public:
         out.setClean();
         return MS::kSuccess;
     }
+    // Logs each connection the node is told of: "dst <- src" on the destination side, "src -> dst"
+    // on the source side.
+    MStatus connectionMade(const MPlug& plug, const MPlug& otherPlug, bool asSrc) override {
+        const std::string arrow = asSrc ? " -> " : " <- ";
+        connectionLog.push_back(std::string(plug.name().asChar()) + arrow + otherPlug.name().asChar());
+        return MS::kUnknownParameter;
+    }
     static MObject a, b, sum, echo, points, items;
     static int computeCount;
+    static std::vector<std::string> connectionLog;
 };
 
 MObject AdderNode::a, AdderNode::b, AdderNode::sum, AdderNode::echo, AdderNode::points, AdderNode::items;
 int AdderNode::computeCount = 0;
+std::vector<std::string> AdderNode::connectionLog;
 
 class GraphEvaluation : public TestPluginFixture {
 protected:
     void SetUp() override {
         ASSERT_TRUE(registerNode("adder", 0x7001, AdderNode::creator, AdderNode::initialize));
         AdderNode::computeCount = 0;
+        AdderNode::connectionLog.clear();
     }
     MObject makeAdder(const char* name = "") {
         MFnDependencyNode fn;
@@ -106,6 +119,21 @@ TEST_F(GraphEvaluation, DirtinessFlowsThroughConnectionsAndPullsUpstream) {
     ASSERT_TRUE(modifier.undoIt());
     EXPECT_TRUE(plug(second, "a").source().isNull());
     EXPECT_TRUE(plug(second, "a").setDouble(0));
+}
+
+TEST_F(GraphEvaluation, NewConnectionsAreToldToBothNodesDestinationFirst) {
+    MObject first = makeAdder("first"), second = makeAdder("second");
+    MDGModifier modifier;
+    ASSERT_TRUE(modifier.connect(plug(first, "sum"), plug(second, "a")));
+    ASSERT_TRUE(modifier.doIt());
+    EXPECT_EQ((std::vector<std::string>{"second.inputA <- first.sum", "first.sum -> second.inputA"}),
+              AdderNode::connectionLog);
+
+    // A refused connection is told to nobody; undoing one is no new connection either.
+    AdderNode::connectionLog.clear();
+    EXPECT_FALSE(mhost::scene().connect(plug(first, "a").hostPlug(), plug(second, "a").hostPlug(), false));
+    ASSERT_TRUE(modifier.undoIt());
+    EXPECT_TRUE(AdderNode::connectionLog.empty());
 }
 
 TEST_F(GraphEvaluation, ConnectionRulesRejectBadPairs) {

@@ -10,11 +10,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "commands/CommandTable.h"
 #include "drawing/DrawOverrideRegistry.h"
 #include "graph/NodeType.h"
 #include "plugins/ContextCommandRegistry.h"
+#include "tests/plugin/geometryScene.h"
 #include "tests/plugin/pluginScene.h"
 
 namespace {
@@ -33,6 +35,16 @@ bool contextRegistered() { return mhost::contextCommands().find("kyStrakeContext
 bool toolCommandRegistered() { return mhost::commandTable().contains("kyStrakeCmd"); }
 bool patchCommandRegistered() { return mhost::commandTable().contains("kyPatchCmd"); }
 bool patchNodeRegistered() { return mhost::nodeTypes().findById(0x80026) != nullptr; }
+bool tweakNodeRegistered() { return mhost::nodeTypes().findById(0x80032) != nullptr; }
+
+// Which of the six registrations stand, in load order: locator, draw override, context with its tool
+// command, tweak node, patch command, patch node.
+std::vector<bool> registrations() {
+    return {locatorRegistered(),   drawOverrideRegistered(), contextRegistered() && toolCommandRegistered(),
+            tweakNodeRegistered(), patchCommandRegistered(), patchNodeRegistered()};
+}
+const std::vector<bool> kAll(6, true);
+const std::vector<bool> kNone(6, false);
 
 bool isBanner(const driver::Message& message) {
     const std::string& text = message.text;
@@ -61,8 +73,7 @@ TEST_F(Registration, LoadRegistersTheNodesAndCommandsThenShowsTheBanner) {
         if (!isBanner(message)) return;
         ++banners;
         banner = message.text;
-        registeredBeforeBanner = locatorRegistered() && drawOverrideRegistered() && contextRegistered() &&
-                                 toolCommandRegistered() && patchCommandRegistered() && patchNodeRegistered();
+        registeredBeforeBanner = registrations() == kAll;
     });
     std::string error;
     const MStatus status = driver::loadPlugin(KY_PLUGIN_MODULE_PATH, &error);
@@ -79,6 +90,7 @@ TEST_F(Registration, LoadRegistersTheNodesAndCommandsThenShowsTheBanner) {
     EXPECT_EQ("kyStrake", mhost::nodeTypes().findById(0x80025)->name);
     EXPECT_EQ("kyStrakeCmd", mhost::contextCommands().find("kyStrakeContext")->toolCommandName);
     EXPECT_EQ("kyPatchNode", mhost::nodeTypes().findById(0x80026)->name);
+    EXPECT_EQ("kyTweakNode", mhost::nodeTypes().findById(0x80032)->name);
 }
 
 TEST_F(Registration, ModuleExportsTheApiVersionText) {
@@ -112,37 +124,57 @@ TEST_F(Registration, UnloadWithALocatorInTheSceneStopsAtTheNodeType) {
 
     // The sequence stopped at its first step: everything is still registered.
     EXPECT_TRUE(mhost::isPluginLoaded(kPluginName));
-    EXPECT_TRUE(locatorRegistered());
-    EXPECT_TRUE(drawOverrideRegistered());
-    EXPECT_TRUE(contextRegistered());
-    EXPECT_TRUE(toolCommandRegistered());
-    EXPECT_TRUE(patchCommandRegistered());
-    EXPECT_TRUE(patchNodeRegistered());
+    EXPECT_EQ(kAll, registrations());
 
     driver::resetScene();
     EXPECT_TRUE(driver::unloadPlugin(kPluginName));
-    EXPECT_FALSE(locatorRegistered());
-    EXPECT_FALSE(drawOverrideRegistered());
-    EXPECT_FALSE(contextRegistered());
-    EXPECT_FALSE(toolCommandRegistered());
-    EXPECT_FALSE(patchCommandRegistered());
-    EXPECT_FALSE(patchNodeRegistered());
+    EXPECT_EQ(kNone, registrations());
 }
 
 // The patch node type goes after the context and the patch command: a patch node in the scene stops
-// the sequence there, with those already gone. Since a second unload then fails at once on the
-// missing locator type, the plug-in cannot be unloaded again, so the scenario runs in a child process.
+// the sequence there, with those already gone and the tweak node, last to go, still registered. Since a
+// second unload then fails at once on the missing locator type, the plug-in cannot be unloaded again, so the
+// scenario runs in a child process.
 TEST_F(Registration, UnloadWithAPatchNodeInTheSceneStopsAtThePatchNodeType) {
     ASSERT_TRUE(driver::loadPlugin(KY_PLUGIN_MODULE_PATH));
     ASSERT_TRUE(driver::runCommand("createNode kyPatchNode"));
     auto scenario = [] {
         const bool unloaded = driver::unloadPlugin(kPluginName);
-        const bool stoppedAtPatchNode = !locatorRegistered() && !drawOverrideRegistered() &&
-                                        !contextRegistered() && !patchCommandRegistered() &&
-                                        patchNodeRegistered();
+        const bool stoppedAtPatchNode =
+            registrations() == std::vector<bool>{false, false, false, true, false, true};
         driver::resetScene();
         const bool secondUnload = driver::unloadPlugin(kPluginName);
         std::exit(!unloaded && stoppedAtPatchNode && !secondUnload ? 0 : 1);
+    };
+    EXPECT_EXIT(scenario(), ::testing::ExitedWithCode(0), "API error detected in pluginMain at line ");
+}
+
+// The tweak node registers after the context and before the patch command: with its type id taken,
+// loading stops there with the first three in place and the patch command and node never made. The
+// squatting type stays behind, so the scenario runs in a child process.
+TEST_F(Registration, TakenTweakNodeIdStopsTheLoadBeforeThePatchCommand) {
+    auto scenario = [] {
+        kytest::registerTestType("tweakSquatter", 0x80032, kytest::ProbeNode::creator,
+                                 kytest::ProbeNode::initialize);
+        const bool loaded = driver::loadPlugin(KY_PLUGIN_MODULE_PATH);
+        const bool stoppedAtTweakNode =
+            registrations() == std::vector<bool>{true, true, true, true, false, false} &&
+            mhost::nodeTypes().findById(0x80032)->name == "tweakSquatter";
+        std::exit(!loaded && stoppedAtTweakNode ? 0 : 1);
+    };
+    EXPECT_EXIT(scenario(), ::testing::ExitedWithCode(0), "API error detected in pluginMain at line ");
+}
+
+// The tweak node type goes last: with a tweak node in the scene everything else is gone and only it
+// stays; once the node is gone the plug-in unloads.
+TEST_F(Registration, UnloadWithATweakNodeInTheSceneStopsAtTheLastStep) {
+    ASSERT_TRUE(driver::loadPlugin(KY_PLUGIN_MODULE_PATH));
+    ASSERT_TRUE(driver::runCommand("createNode kyTweakNode"));
+    auto scenario = [] {
+        const bool unloaded = driver::unloadPlugin(kPluginName);
+        const bool stoppedAtTweakNode =
+            registrations() == std::vector<bool>{false, false, false, true, false, false};
+        std::exit(!unloaded && stoppedAtTweakNode && mhost::isPluginLoaded(kPluginName) ? 0 : 1);
     };
     EXPECT_EXIT(scenario(), ::testing::ExitedWithCode(0), "API error detected in pluginMain at line ");
 }

@@ -181,7 +181,17 @@ MStatus Scene::connect(const PlugRef& source, const PlugRef& destination, bool f
     }
     connections_.push_back({source, destination});
     markDirty(destination);
+    notifyConnectionMade(source, destination);
     return MS::kSuccess;
+}
+
+void Scene::notifyConnectionMade(const PlugRef& source, const PlugRef& destination) {
+    // The destination's node hears first; what connectionMade returns changes nothing, the
+    // connection stands either way.
+    if (destination.node->behaviour)
+        destination.node->behaviour->connectionMade(makePlug(destination), makePlug(source), false);
+    if (source.node->behaviour)
+        source.node->behaviour->connectionMade(makePlug(source), makePlug(destination), true);
 }
 
 MStatus Scene::disconnect(const PlugRef& source, const PlugRef& destination) {

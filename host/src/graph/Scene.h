@@ -66,7 +66,8 @@ public:
     const std::vector<NodePtr>& nodes() const { return nodes_; }
 
     // Connects source to destination. Fails when the destination has a source already (unless
-    // `force`), when the plugs are the same, or their types cannot be connected.
+    // `force`), when the plugs are the same, or their types cannot be connected. A new connection
+    // is told to both nodes' connectionMade, the destination's first.
     MStatus connect(const PlugRef& source, const PlugRef& destination, bool force,
                     std::string* error = nullptr);
     MStatus disconnect(const PlugRef& source, const PlugRef& destination);
@@ -98,6 +99,7 @@ public:
     SceneSettings settings;
 
 private:
+    void notifyConnectionMade(const PlugRef& source, const PlugRef& destination);
     void propagateDirty(const PlugRef& plug, std::vector<PlugRef>& visited);
     void dirtyWithinNode(const PlugRef& plug, std::vector<PlugRef>& visited);
     PlugValue pullFrom(const PlugRef& source, const PlugRef& destination);
