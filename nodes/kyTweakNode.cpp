@@ -16,6 +16,7 @@
 #include <maya/MPointArray.h>
 #include <maya/MRichSelection.h>
 #include <maya/MSelectionList.h>
+#include <maya/MUuid.h>
 
 #include <initializer_list>
 
