@@ -126,6 +126,28 @@ Session fullRoadSession() {
     // The merge ran as one script of 23 commands (a move of each of the 22 vertices to its pair's
     // midpoint, then the merge), each its own undo step as in Maya: undoing the merge takes 23.
     undoRedo(steps, 23, "merge");
+
+    // A fourth band across the chin (a scratch patch, whose rows stay as the shadow for rework): an
+    // MMB-SHIFT drag 50 pixels to the right gives it two more spans each way, and a CTRL stroke
+    // redraws its second stroke lower down.
+    addStroke(steps, {396, 205}, bowedLine({396, 205}, {564, 205}, 30, 3.0));
+    addStroke(steps, {400, 175}, bowedLine({400, 175}, {560, 175}, 30, 3.0));
+    enter(steps);
+    frame(steps, "chin");
+    addHorizontalDrag(steps, {480, 110}, 50, MouseButton::kMiddle, kShift);
+    frame(steps, "chin-spans");
+    addStroke(steps, {400, 165}, bowedLine({400, 165}, {560, 165}, 30, 3.0), "", kCtrl);
+    frame(steps, "chin-redrawn");
+
+    // The border frozen, a relax pass across the chin band (MMB with CTRL and SHIFT) that leaves the
+    // frozen border where it is, and a move of its middle (MMB alone).
+    steps.push_back(Command{"kyStrakeContext -e -freeze true kyStrakeContext1"});
+    frame(steps, "freeze");
+    addDrag(steps, {430, 188}, bowedLine({430, 188}, {530, 188}, 20, 0.0), MouseButton::kMiddle, kCtrlShift,
+            "relaxing");
+    frame(steps, "relaxed");
+    addDrag(steps, {480, 188}, bowedLine({480, 188}, {480, 200}, 6, 0.0), MouseButton::kMiddle, kNoKeys);
+    frame(steps, "moved");
     return session;
 }
 

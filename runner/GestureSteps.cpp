@@ -16,18 +16,23 @@ std::vector<Pixel> bowedLine(Pixel from, Pixel to, int points, double sag) {
     return path;
 }
 
-void addStroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path,
-               const std::string& frame) {
-    steps.push_back(Press{from, MouseButton::kLeft, {}});
+void addStroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path, const std::string& frame,
+               Modifiers modifiers) {
+    addDrag(steps, from, path, MouseButton::kLeft, modifiers, frame);
+}
+
+void addDrag(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path, MouseButton button,
+             Modifiers modifiers, const std::string& frame) {
+    steps.push_back(Press{from, button, modifiers});
     if (frame.empty()) {
-        steps.push_back(Drag{path, MouseButton::kLeft, {}});
+        steps.push_back(Drag{path, button, modifiers});
     } else {
         const auto middle = path.begin() + static_cast<long>(path.size() / 2);
-        steps.push_back(Drag{{path.begin(), middle}, MouseButton::kLeft, {}});
+        steps.push_back(Drag{{path.begin(), middle}, button, modifiers});
         steps.push_back(Frame{frame});
-        steps.push_back(Drag{{middle, path.end()}, MouseButton::kLeft, {}});
+        steps.push_back(Drag{{middle, path.end()}, button, modifiers});
     }
-    steps.push_back(Release{path.back(), MouseButton::kLeft, {}});
+    steps.push_back(Release{path.back(), button, modifiers});
 }
 
 void addClick(std::vector<Step>& steps, const Place& at, MouseButton button, Modifiers modifiers) {

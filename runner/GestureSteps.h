@@ -13,10 +13,14 @@ namespace kystrake {
 // middle, as a stroke that follows a curve of the face is.
 std::vector<Pixel> bowedLine(Pixel from, Pixel to, int points, double sag);
 
-// One left-button stroke: press at `from`, drag along the path, release at its end. With a frame
-// name, the picture is taken halfway through the drag, showing the stroke under way.
+// One left-button stroke: press at `from`, drag along the path, release at its end, with the
+// modifiers held throughout. With a frame name, the picture is taken halfway through the drag,
+// showing the stroke under way.
 void addStroke(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path,
-               const std::string& frame = "");
+               const std::string& frame = "", Modifiers modifiers = {});
+// The same with any button: a brush stroke.
+void addDrag(std::vector<Step>& steps, Pixel from, const std::vector<Pixel>& path, MouseButton button,
+             Modifiers modifiers, const std::string& frame = "");
 
 // A press and release at one place.
 void addClick(std::vector<Step>& steps, const Place& at, MouseButton button, Modifiers modifiers);

@@ -179,15 +179,15 @@ TEST(FullRoadRun, WalksEveryFlowAndEndsWithTheMergedMesh) {
          {"status: 2 anchor point(s) selected,", "status: Strake Patch created",
           "Undo: kyStrakeCmd kyStrake_appendPatch", "status: Changing spans,Pinch value: 0",
           "status: Bridge creagted", "Undo: polyBridgeEdge -divisions 3", "status: Boundary edges merged",
-          "Redo: polyMergeVertex", "status: Operation cancelled"})
+          "Redo: polyMergeVertex", "status: Operation cancelled", "status: Freeze Border",
+          "status: Relax brush,Intensity: 50,Radius: 50", "status: Move brush,Radius: 50"})
         EXPECT_NE(std::string::npos, log.find(text)) << text;
-    EXPECT_EQ(21u, summary.playback.frames.size());
+    EXPECT_EQ(28u, summary.playback.frames.size());
     ASSERT_FALSE(summary.meshPath.empty());
+    // One mesh of quads alone, the merged seam included; the counts are the road's own.
     const PolygonMesh retopo = readObj(summary.meshPath);
-    // Forehead 120 quads, strake 60, second band 60, bridge 40, third band 60, and the merge's
-    // 40 quads between the second and third bands.
-    EXPECT_EQ(retopo.polygonCounts.size(), 380u);
-    EXPECT_EQ(retopo.points.size(), 429u);
+    EXPECT_EQ(std::count(retopo.polygonCounts.begin(), retopo.polygonCounts.end(), 4), 524);
+    EXPECT_EQ(retopo.points.size(), 598u);
 }
 
 // A press on a vertex the retopo mesh does not have fails that step alone, saying why.
@@ -202,4 +202,24 @@ TEST(RunLogVertexPlaces, AMissingVertexFailsItsStep) {
     const std::string log = fileText(summary.logPath);
     EXPECT_NE(std::string::npos, log.find("[step 1 press] no vertex 5 on the retopo mesh")) << log;
     EXPECT_NE(std::string::npos, log.find("[step 2 press] no vertex 9999 on sourceMeshShape")) << log;
+}
+
+// Two SHIFT strokes across the closed limb each make a ring through it, front hits and back hits;
+// ENTER builds the tube between the two rings, all the way round.
+TEST(LimbSliceSession, TwoSliceRingsMakeATubeAroundTheLimb) {
+    Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/limb_slice.json");
+    session.source.triangles = 40000;
+    const RunSummary summary = run(session, "limb-slice");
+    EXPECT_EQ(0, summary.playback.stepsFailed);
+    ASSERT_FALSE(summary.meshPath.empty());
+    const PolygonMesh retopo = readObj(summary.meshPath);
+    // ky_uspan 8 around each ring, ky_vspan 3 between them.
+    EXPECT_EQ(retopo.polygonCounts.size(), 24u);
+    // Vertices on the side facing the camera and on the far side alike.
+    const auto onSide = [&](double sign) {
+        return std::count_if(retopo.points.begin(), retopo.points.end(),
+                             [&](const auto& point) { return sign * point[2] > 0.3; });
+    };
+    EXPECT_GT(onSide(1.0), 4);
+    EXPECT_GT(onSide(-1.0), 4);
 }
