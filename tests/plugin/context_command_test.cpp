@@ -142,3 +142,22 @@ TEST_F(ContextCommand, DeclaredFlagsWithoutHandlersAreAccepted) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(ContextCommand, SeveralEditFlagsInOneCallAndBadValuesChangeNothing) {
+    ASSERT_TRUE(edit("-uspan 7 -vspan 3 -displayDistance 0.5"));
+    EXPECT_EQ(7, option("ky_uspan"));
+    EXPECT_EQ(3, option("ky_vspan"));
+    EXPECT_DOUBLE_EQ(0.5, locatorDouble("displaySize"));
+
+    EXPECT_FALSE(edit("-displayDistance abc"));
+    EXPECT_FALSE(edit("-uspan"));
+    EXPECT_FALSE(edit("-pinch high -uspan 9"));
+    EXPECT_EQ(7, option("ky_uspan")) << "a refused line runs none of its flags";
+    EXPECT_EQ(3, option("ky_vspan"));
+    EXPECT_DOUBLE_EQ(0.5, locatorDouble("displaySize"));
+    EXPECT_EQ("7", query("-u"));
+}
+
+}  // namespace
