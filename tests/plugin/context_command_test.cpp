@@ -141,10 +141,6 @@ TEST_F(ContextCommand, DeclaredFlagsWithoutHandlersAreAccepted) {
     EXPECT_FALSE(edit("-noSuchFlag 1"));
 }
 
-}  // namespace
-
-namespace {
-
 TEST_F(ContextCommand, SeveralEditFlagsInOneCallAndBadValuesChangeNothing) {
     ASSERT_TRUE(edit("-uspan 7 -vspan 3 -displayDistance 0.5"));
     EXPECT_EQ(7, option("ky_uspan"));
