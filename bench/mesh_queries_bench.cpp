@@ -18,7 +18,7 @@
 #include "mesh/MeshTopology.h"
 #include "mesh/ProceduralMeshes.h"
 #include "mesh/RayAccelerator.h"
-#include "mesh/TriangleGeometry.h"
+#include "rawEmbree.h"
 
 namespace {
 
@@ -84,34 +84,21 @@ const std::vector<Vec3>& queryPoints() {
 
 // ---- Raw Embree: the same triangles, no host types in the way. ----
 
-RTCDevice rawDevice() {
-    static const RTCDevice device = rtcNewDevice(nullptr);
-    return device;
-}
-
-RTCScene buildRawScene() {
+// The dense mesh's fan triangles as a raw Embree scene, built anew.
+kybench::RawTriangleScene makeRawTriangles() {
     const mhost::MeshTopology& mesh = denseMesh();
     const mhost::FanTriangulation& fan = denseTriangles();
-    RTCScene scene = rtcNewScene(rawDevice());
-    rtcSetSceneFlags(scene, RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_CONTEXT_FILTER_FUNCTION);
-    RTCGeometry geometry = rtcNewGeometry(rawDevice(), RTC_GEOMETRY_TYPE_TRIANGLE);
-    auto* vertices = static_cast<float*>(rtcSetNewGeometryBuffer(
-        geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3, 3 * sizeof(float), mesh.numVertices()));
-    std::copy_n(mesh.rawPoints(), 3 * mesh.numVertices(), vertices);
-    auto* indices = static_cast<unsigned*>(rtcSetNewGeometryBuffer(
-        geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3, 3 * sizeof(unsigned), fan.numTriangles()));
-    std::copy(fan.vertexIds.begin(), fan.vertexIds.end(), indices);
-    rtcCommitGeometry(geometry);
-    rtcAttachGeometry(scene, geometry);
-    rtcReleaseGeometry(geometry);
-    rtcCommitScene(scene);
+    return kybench::RawTriangleScene(
+        std::vector<float>(mesh.rawPoints(), mesh.rawPoints() + 3 * mesh.numVertices()),
+        std::vector<unsigned>(fan.vertexIds.begin(), fan.vertexIds.end()));
+}
+
+const kybench::RawTriangleScene& rawTriangles() {
+    static const kybench::RawTriangleScene scene = makeRawTriangles();
     return scene;
 }
 
-RTCScene rawScene() {
-    static const RTCScene scene = buildRawScene();
-    return scene;
-}
+RTCScene rawScene() { return rawTriangles().scene(); }
 
 struct RawCollector {
     RTCIntersectContext context;
@@ -141,26 +128,6 @@ void rawTrace(const Vec3& origin, const Vec3& direction, std::vector<std::pair<u
     rtcIntersect1(rawScene(), &collector.context, &ray);
 }
 
-struct RawNearest {
-    Vec3 query;
-    double distanceSquared = std::numeric_limits<double>::infinity();
-    unsigned triangle = 0;
-};
-
-bool visitRawTriangle(RTCPointQueryFunctionArguments* args) {
-    auto* nearest = static_cast<RawNearest*>(args->userPtr);
-    const auto ids = denseTriangles().corners(args->primID);
-    const auto& mesh = denseMesh();
-    const auto on = mhost::closestPointOnTriangle(nearest->query, Vec3(mesh.point(ids[0])),
-                                                  Vec3(mesh.point(ids[1])), Vec3(mesh.point(ids[2])));
-    const double d = mhost::lengthSquared(on.point - nearest->query);
-    if (d >= nearest->distanceSquared) return false;
-    nearest->distanceSquared = d;
-    nearest->triangle = args->primID;
-    args->query->radius = float(std::sqrt(d));
-    return true;
-}
-
 // ---- The pairs. ----
 
 // Both build benchmarks first make their side's lasting scene, which also starts Embree's threads, so
@@ -183,9 +150,8 @@ void AcceleratorBuild_Host(benchmark::State& state) {
 void AcceleratorBuild_Embree(benchmark::State& state) {
     rawScene();
     for (auto _ : state) {
-        RTCScene scene = buildRawScene();
-        benchmark::DoNotOptimize(scene);
-        rtcReleaseScene(scene);
+        const kybench::RawTriangleScene scene = makeRawTriangles();
+        benchmark::DoNotOptimize(scene.scene());
     }
 }
 
@@ -234,16 +200,7 @@ void ClosestPoint_Embree(benchmark::State& state) {
     std::size_t i = 0;
     for (auto _ : state) {
         const Vec3& p = queryPoints()[i++ % kQueries];
-        RawNearest nearest{p};
-        RTCPointQuery query{};
-        query.x = float(p.x);
-        query.y = float(p.y);
-        query.z = float(p.z);
-        query.radius = std::numeric_limits<float>::infinity();
-        RTCPointQueryContext context;
-        rtcInitPointQueryContext(&context);
-        rtcPointQuery(rawScene(), &query, &context, visitRawTriangle, &nearest);
-        benchmark::DoNotOptimize(nearest.triangle);
+        benchmark::DoNotOptimize(rawTriangles().nearest(p).triangle);
     }
     state.SetItemsProcessed(state.iterations());
 }

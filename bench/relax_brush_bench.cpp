@@ -3,7 +3,6 @@
 // through Embree on the same triangles in the same run. A summary line gives the ratio.
 
 #include <benchmark/benchmark.h>
-#include <embree3/rtcore.h>
 #include <maya/M3dView.h>
 #include <maya/MDagPath.h>
 #include <maya/MEvent.h>
@@ -25,7 +24,7 @@
 #include "drawing/DisplayList.h"
 #include "drawing/HostFrameContext.h"
 #include "interaction/ContextState.h"
-#include "mesh/TriangleGeometry.h"
+#include "rawEmbree.h"
 #include "tool/kyStrake.h"
 
 namespace {
@@ -120,60 +119,21 @@ BrushScene& scene() {
 }
 
 // The source's triangles for Embree, two per quad as a fan from each quad's first corner.
-struct RawSource {
-    std::vector<float> points;
-    std::vector<unsigned> triangles;
-    RTCDevice device = rtcNewDevice(nullptr);
-    RTCScene scene = nullptr;
-
-    RawSource() {
+const kybench::RawTriangleScene& rawSource() {
+    static const kybench::RawTriangleScene source = [] {
         MFnMesh mesh(::scene().source);
         const float* raw = mesh.getRawPoints(nullptr);
-        points.assign(raw, raw + 3 * mesh.numVertices());
+        std::vector<float> points(raw, raw + 3 * mesh.numVertices());
         MIntArray counts, connects;
         mesh.getVertices(counts, connects);
+        std::vector<unsigned> triangles;
         for (unsigned f = 0, start = 0; f < counts.length(); start += counts[f], ++f)
             for (int k = 1; k + 1 < counts[f]; ++k)
                 for (unsigned id : {connects[start], connects[start + k], connects[start + k + 1]})
                     triangles.push_back(id);
-        scene = rtcNewScene(device);
-        RTCGeometry geometry = rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE);
-        auto* vertexBuffer = static_cast<float*>(rtcSetNewGeometryBuffer(
-            geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3, 3 * sizeof(float), points.size() / 3));
-        std::copy(points.begin(), points.end(), vertexBuffer);
-        auto* indexBuffer = static_cast<unsigned*>(
-            rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
-                                    3 * sizeof(unsigned), triangles.size() / 3));
-        std::copy(triangles.begin(), triangles.end(), indexBuffer);
-        rtcCommitGeometry(geometry);
-        rtcAttachGeometry(scene, geometry);
-        rtcReleaseGeometry(geometry);
-        rtcCommitScene(scene);
-    }
-    Vec3 point(unsigned id) const { return Vec3(points[3 * id], points[3 * id + 1], points[3 * id + 2]); }
-};
-
-const RawSource& rawSource() {
-    static const RawSource source;
+        return kybench::RawTriangleScene(std::move(points), std::move(triangles));
+    }();
     return source;
-}
-
-struct RawNearest {
-    Vec3 query;
-    double distanceSquared = std::numeric_limits<double>::infinity();
-};
-
-bool visitRawTriangle(RTCPointQueryFunctionArguments* args) {
-    auto* nearest = static_cast<RawNearest*>(args->userPtr);
-    const RawSource& source = rawSource();
-    const unsigned* ids = &source.triangles[3 * args->primID];
-    const auto on = mhost::closestPointOnTriangle(nearest->query, source.point(ids[0]), source.point(ids[1]),
-                                                  source.point(ids[2]));
-    const double d = mhost::lengthSquared(on.point - nearest->query);
-    if (d >= nearest->distanceSquared) return false;
-    nearest->distanceSquared = d;
-    args->query->radius = float(std::sqrt(d));
-    return true;
 }
 
 std::map<std::string, double>& secondsPerRun() {
@@ -200,21 +160,10 @@ void RelaxDragEvent(benchmark::State& state) {
 
 void EmbreeClosestPoints(benchmark::State& state) {
     const std::vector<Vec3>& queries = scene().queries;
-    const RawSource& source = rawSource();
+    const kybench::RawTriangleScene& source = rawSource();
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
-        for (const Vec3& p : queries) {
-            RawNearest nearest{p};
-            RTCPointQuery query{};
-            query.x = float(p.x);
-            query.y = float(p.y);
-            query.z = float(p.z);
-            query.radius = std::numeric_limits<float>::infinity();
-            RTCPointQueryContext context;
-            rtcInitPointQueryContext(&context);
-            rtcPointQuery(source.scene, &query, &context, visitRawTriangle, &nearest);
-            benchmark::DoNotOptimize(nearest.distanceSquared);
-        }
+        for (const Vec3& p : queries) benchmark::DoNotOptimize(source.nearest(p).distanceSquared);
     }
     keepFigure(state, "embree",
                std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());

@@ -104,6 +104,21 @@ protected:
         return getActiveMeshPath();
     }
 
+    // A scratch whose far stroke bows towards +v in its middle, so that its row is not straight.
+    // (From a straight, evenly spaced row the bridge's spine would start exactly on the chord's
+    // middle, where the sweep has no direction: a case the sweep leaves undefined.)
+    MDagPath buildBowedScratch() {
+        strokeOnSource(2.0, 2.0, 8.0, 2.4);
+        press(*context, onSource(2.0, 7.0), kLeft);
+        for (int i = 0; i <= 12; ++i) {
+            const double u = 2.0 + 0.5 * i;
+            drag(*context, onSource(u, 7.0 + 0.6 * (1.0 - (u - 5.0) * (u - 5.0) / 9.0)), kLeft);
+        }
+        release(*context, onSource(8.0, 7.0), kLeft);
+        context->completeAction();
+        return getActiveMeshPath();
+    }
+
     // The far stroke's row of the last patch as the player row, as an anchor pick leaves it.
     MIntArray takeFarRowAsPlayerRow() {
         MIntArray row1, row2, row3;

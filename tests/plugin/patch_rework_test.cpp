@@ -29,14 +29,7 @@ protected:
 
     // A scratch whose far row bows towards +v, and a SHIFT stroke from it: a bridge patch.
     MDagPath buildBridgePatch() {
-        strokeOnSource(2.0, 2.0, 8.0, 2.4);
-        press(*context, onSource(2.0, 7.0), kLeft);
-        for (int i = 0; i <= 12; ++i) {
-            const double u = 2.0 + 0.5 * i;
-            drag(*context, onSource(u, 7.0 + 0.6 * (1.0 - (u - 5.0) * (u - 5.0) / 9.0)), kLeft);
-        }
-        release(*context, onSource(8.0, 7.0), kLeft);
-        context->completeAction();
+        buildBowedScratch();
         takeFarRowAsPlayerRow();
         strokeOnSource(5.0, 7.8, 5.2, 9.6, kShift);
         return getActiveMeshPath();

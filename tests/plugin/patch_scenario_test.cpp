@@ -27,21 +27,6 @@ protected:
         makePatchScene(GetParam());
     }
 
-    // A scratch whose far stroke bows towards +v in its middle, so that its row is not straight.
-    // (From a straight, evenly spaced row the bridge's spine would start exactly on the chord's
-    // middle, where the sweep has no direction: a case the sweep leaves undefined.)
-    MDagPath buildBowedScratch() {
-        strokeOnSource(2.0, 2.0, 8.0, 2.4);
-        press(*context, onSource(2.0, 7.0), kLeft);
-        for (int i = 0; i <= 12; ++i) {
-            const double u = 2.0 + 0.5 * i;
-            drag(*context, onSource(u, 7.0 + 0.6 * (1.0 - (u - 5.0) * (u - 5.0) / 9.0)), kLeft);
-        }
-        release(*context, onSource(8.0, 7.0), kLeft);
-        context->completeAction();
-        return getActiveMeshPath();
-    }
-
     // Ids and player positions equal exactly. The shadow's second polyline is written back from the
     // saved player row, which reads the same vertices through another path, so it agrees to
     // single precision only.
