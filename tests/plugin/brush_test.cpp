@@ -13,12 +13,6 @@
 namespace kytest {
 namespace {
 
-int toolSteps() {
-    int steps = 0;
-    for (const std::string& line : mhost::driver::undoJournal()) steps += line.rfind("kyStrakeCmd", 0) == 0;
-    return steps;
-}
-
 class BrushScene : public PatchFlowScene, public ::testing::WithParamInterface<bool> {
 protected:
     void SetUp() override {

@@ -63,6 +63,27 @@ inline LocatorArrays rowArrays(const MObject& locator) {
                                    "shadowIndices2", "shadowIndices3", "strokesShadow", "sizesShadow"});
 }
 
+// Steps of the tool on the undo queue.
+inline int toolSteps() {
+    int steps = 0;
+    for (const std::string& line : mhost::driver::undoJournal()) steps += line.rfind("kyStrakeCmd", 0) == 0;
+    return steps;
+}
+
+// Ids and player positions equal exactly. The shadow's positions are read back from the mesh through
+// another path, so they agree to single precision only.
+inline void expectSameRows(const LocatorArrays& actual, const LocatorArrays& expected) {
+    for (const auto& [name, values] : expected) {
+        const std::vector<double>& got = actual.at(name);
+        if (name != "strokesShadow") {
+            EXPECT_EQ(got, values) << name;
+            continue;
+        }
+        ASSERT_EQ(got.size(), values.size());
+        for (size_t i = 0; i < got.size(); ++i) EXPECT_NEAR(got[i], values[i], 1e-6) << name << " " << i;
+    }
+}
+
 class PatchFlowScene : public ContextScene {
 protected:
     // The context scene's 10 x 10 grid, moved and tilted when `transformed`, with the tool on.

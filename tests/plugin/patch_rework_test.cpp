@@ -61,20 +61,6 @@ protected:
         context->doRelease(event, drawManager, frameContext);
     }
 
-    // Ids and player positions equal exactly; the shadow's positions are read back from the mesh
-    // through another path and agree to single precision.
-    static void expectSameRows(const LocatorArrays& actual, const LocatorArrays& expected) {
-        for (const auto& [name, values] : expected) {
-            const std::vector<double>& got = actual.at(name);
-            if (name != "strokesShadow") {
-                EXPECT_EQ(got, values) << name;
-                continue;
-            }
-            ASSERT_EQ(got.size(), values.size());
-            for (size_t i = 0; i < got.size(); ++i) EXPECT_NEAR(got[i], values[i], 1e-6) << name << " " << i;
-        }
-    }
-
     // A closed LMB stroke around the grid's middle.
     void circle(double radius) {
         press(*context, onSource(5.0 + radius, 5.0), kLeft);

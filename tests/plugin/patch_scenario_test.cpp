@@ -13,33 +13,11 @@
 namespace kytest {
 namespace {
 
-// Steps of the tool on the undo queue.
-int toolSteps() {
-    int steps = 0;
-    for (const std::string& line : mhost::driver::undoJournal()) steps += line.rfind("kyStrakeCmd", 0) == 0;
-    return steps;
-}
-
 class PatchScenario : public PatchFlowScene, public ::testing::WithParamInterface<bool> {
 protected:
     void SetUp() override {
         PatchFlowScene::SetUp();
         makePatchScene(GetParam());
-    }
-
-    // Ids and player positions equal exactly. The shadow's second polyline is written back from the
-    // saved player row, which reads the same vertices through another path, so it agrees to
-    // single precision only.
-    static void expectSameRows(const LocatorArrays& actual, const LocatorArrays& expected) {
-        for (const auto& [name, values] : expected) {
-            const std::vector<double>& got = actual.at(name);
-            if (name != "strokesShadow") {
-                EXPECT_EQ(got, values) << name;
-                continue;
-            }
-            ASSERT_EQ(got.size(), values.size());
-            for (size_t i = 0; i < got.size(); ++i) EXPECT_NEAR(got[i], values[i], 1e-6) << name << " " << i;
-        }
     }
 
     static bool exists(const std::string& name) {
