@@ -266,6 +266,20 @@ TEST_F(BorderJoins, TheBridgeTakesItsDivisionsFromThePanelOption) {
     EXPECT_EQ(MFnMesh(retopo).numPolygons(), 6 + 3 * 4);
 }
 
+TEST_F(BorderJoins, AnOppositeRowOfJustAsManyEdgesIsBridged) {
+    // The second strip shrinks to one quad: the walk round it takes three edges, one per anchor edge.
+    MPointArray points;
+    MFnMesh(retopo).getPoints(points);
+    retopo = makeMesh(points, {{0, 1, 5, 4}, {1, 2, 6, 5}, {2, 3, 7, 6}, {8, 9, 13, 12}});
+    select(retopo);
+    pickBridgeRows(8);
+    ASSERT_EQ(context->oppositeEdges.length(), context->anchorEdges.length());
+    const size_t entries = mhost::driver::undoJournal().size();
+    context->completeAction();
+    EXPECT_EQ(mhost::driver::undoJournal().size(), entries + 1);
+    EXPECT_EQ(option("kyStrake_info1"), "Bridge creagted");
+}
+
 TEST_F(BorderJoins, ABridgeToAShorterRowRunsNothingAndKeepsTheRows) {
     // The second strip shrinks to one triangle, whose whole border has three edges; the anchors
     // take the first strip's border round one end, four edges.
