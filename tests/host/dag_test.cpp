@@ -56,6 +56,27 @@ TEST_F(Dag, InclusiveMatrixComposesParentTransformsAsRowVectors) {
     EXPECT_TRUE(turned.isEquivalent(MPoint(10, 1, 0), 1e-9));
 }
 
+// World matrices are kept between queries; every way a transform's values change must show at once:
+// a set value, a driving connection, a baked history, its undo, and a parent's move.
+TEST_F(Dag, InclusiveMatrixFollowsEveryChangeOfATransform) {
+    const auto handAt = [] { return MPoint(0, 0, 0) * pathTo("hand").inclusiveMatrix(); };
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(0, 0, 0)));
+    ASSERT_TRUE(driver::runCommand("setAttr hand.translate 0 1 0"));
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(0, 1, 0)));
+    ASSERT_TRUE(driver::runCommand(
+        "createNode transform -n lever; connectAttr lever.translate arm.translate; setAttr lever.translate 5 0 0"));
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(5, 1, 0)));
+    ASSERT_TRUE(driver::runCommand("delete -ch arm; setAttr lever.translate 7 0 0"));
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(5, 1, 0)));
+    ASSERT_TRUE(driver::runCommand("undo"));
+    ASSERT_TRUE(driver::runCommand("undo"));
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(5, 1, 0)));
+    ASSERT_TRUE(driver::runCommand("setAttr lever.translate 9 0 0"));
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(9, 1, 0)));
+    ASSERT_TRUE(driver::runCommand("setAttr root.scale 2 2 2"));
+    EXPECT_TRUE(handAt().isEquivalent(MPoint(18, 2, 0)));
+}
+
 TEST_F(Dag, ExtendToShapeNeedsExactlyOneShape) {
     MDagPath root = pathTo("root");
     EXPECT_FALSE(root.extendToShape());

@@ -298,3 +298,43 @@ TEST(MeshRayAccelerator, CacheReusesForSameVersionAndRebuildsAfterChange) {
     EXPECT_TRUE(cache.acceleratorFor(plane).isBuiltFor(plane));
     EXPECT_FALSE(cache.acceleratorFor(plane).isBuiltFor(copy));
 }
+
+// A mesh whose vertices move keeps one hierarchy, refitted in place; its answers are those of a new
+// build on the moved mesh, and an accelerator someone still holds is left as it was.
+TEST(MeshRayAccelerator, MovedVerticesRefitAndAnswerAsANewBuild) {
+    MeshTopology torus = mhost::makeTorus(2, 0.6, 24, 10);
+    mhost::RayAcceleratorCache cache;
+    const auto held = cache.sharedAcceleratorFor(torus);
+    EXPECT_FALSE(held->isRefittable());
+    const MeshTopology original = torus;
+
+    std::mt19937 random(3);
+    std::uniform_real_distribution<double> offset(-0.2, 0.2);
+    std::uniform_real_distribution<double> coordinate(-3.0, 3.0);
+    for (int round = 0; round < 3; ++round) {
+        for (int v = round; v < torus.numVertices(); v += 7)
+            torus.setPoint(v, torus.point(v) + mhost::Vec3f(Vec3(offset(random), offset(random), offset(random))));
+        const auto current = cache.sharedAcceleratorFor(torus);
+        EXPECT_TRUE(current->isRefittable());
+        EXPECT_TRUE(current->isBuiltFor(torus));
+        const RayAccelerator fresh(torus);
+        for (int i = 0; i < 100; ++i) {
+            const Vec3 p{coordinate(random), coordinate(random) * 0.4, coordinate(random)};
+            const auto found = current->closestPoint(p, 10);
+            const auto expected = fresh.closestPoint(p, 10);
+            ASSERT_TRUE(found && expected);
+            EXPECT_EQ(expected->point, found->point);
+            EXPECT_EQ(expected->faceId, found->faceId);
+            EXPECT_EQ(expected->normal, found->normal);
+            const RayQuery line = ray(p, Vec3(0.3, -1, 0.2), true);
+            EXPECT_EQ(paramsOf(fresh.allIntersections(line)), paramsOf(current->allIntersections(line)));
+            EXPECT_EQ(facesOf(fresh.allIntersections(line)), facesOf(current->allIntersections(line)));
+        }
+    }
+    EXPECT_TRUE(held->isBuiltFor(original));
+    EXPECT_EQ(RayAccelerator(original).closestPoint({2.5, 0, 0}, 10)->point, held->closestPoint({2.5, 0, 0}, 10)->point);
+    RayAccelerator plain(original);
+    EXPECT_THROW(plain.refit(torus), HostError);
+    RayAccelerator refittable(original, true);
+    EXPECT_THROW(refittable.refit(grid()), HostError);
+}

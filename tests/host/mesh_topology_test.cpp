@@ -278,6 +278,36 @@ TEST(MeshNormals, CachedResultsFollowPointEdits) {
     EXPECT_THROW(mesh.setPoint(0, Vec3f(std::nanf(""), 0, 0)), HostError);
 }
 
+// A sphere (triangle fans at the poles, quads between) with its vertices moved one by one: the
+// normals brought up to date where they moved equal, to the last bit, those of the same points built
+// afresh, and a copy taken before the moves keeps the normals it had.
+TEST(MeshNormals, VerticesMovedOneByOneGiveTheNormalsOfAFreshBuild) {
+    MeshTopology sphere = mhost::makeUvSphere(1.0, 12, 7);
+    const std::vector<Vec3> faceNormalsBefore = sphere.faceNormals();
+    const std::vector<Vec3> angleNormalsBefore = sphere.vertexNormals(true);
+    sphere.vertexNormals(false);
+    const MeshTopology before = sphere;
+
+    // Few enough to be updated in place: a pole, a seam vertex and a band vertex, one of them twice.
+    for (int vertex : {0, 13, 40, 13}) sphere.setPoint(vertex, sphere.point(vertex) * 1.3f + Vec3f(0.05f, 0, 0));
+    const auto rebuilt = [](const MeshTopology& mesh) {
+        std::vector<Vec3f> points;
+        for (int v = 0; v < mesh.numVertices(); ++v) points.push_back(mesh.point(v));
+        return MeshTopology(points, mesh.polygonCounts(), mesh.faces().items);
+    };
+    const MeshTopology fresh = rebuilt(sphere);
+    EXPECT_EQ(fresh.faceNormals(), sphere.faceNormals());
+    EXPECT_EQ(fresh.vertexNormals(true), sphere.vertexNormals(true));
+    EXPECT_EQ(fresh.vertexNormals(false), sphere.vertexNormals(false));
+    EXPECT_NE(angleNormalsBefore, sphere.vertexNormals(true));
+    EXPECT_EQ(faceNormalsBefore, before.faceNormals());
+    EXPECT_EQ(angleNormalsBefore, before.vertexNormals(true));
+
+    // Past a quarter of the vertices the normals are computed whole again, with the same result.
+    for (int v = 0; v < sphere.numVertices(); ++v) sphere.setPoint(v, sphere.point(v) * 0.5f);
+    EXPECT_EQ(rebuilt(sphere).vertexNormals(true), sphere.vertexNormals(true));
+}
+
 TEST(MeshUvSets, DefaultSetGrowsWithPolygonsAndAssignmentsAreValidated) {
     MeshTopology mesh = unitSquare();
     EXPECT_EQ("map1", mesh.uvSets().currentName());

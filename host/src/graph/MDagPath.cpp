@@ -37,8 +37,7 @@ std::array<double, 3> vectorAttribute(const NodePtr& node, const char* name) {
 
 // Local matrix of a transform: scale, then rotation about X, Y, Z (radians), then translation,
 // composed for row vectors.
-MMatrix localMatrix(const NodePtr& node) {
-    if (node->type->apiType != MFn::kTransform) return MMatrix();
+MMatrix composeLocalMatrix(const NodePtr& node) {
     const auto t = vectorAttribute(node, "translate");
     const auto r = vectorAttribute(node, "rotate");
     const auto s = vectorAttribute(node, "scale");
@@ -50,6 +49,19 @@ MMatrix localMatrix(const NodePtr& node) {
     const double rz[4][4] = {{cz, sz, 0, 0}, {-sz, cz, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
     const double translate[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {t[0], t[1], t[2], 1}};
     return MMatrix(scale) * MMatrix(rx) * MMatrix(ry) * MMatrix(rz) * MMatrix(translate);
+}
+
+bool isTransform(const Node& node) { return node.type->apiType == MFn::kTransform; }
+
+// Paths are walked for their matrices on every query of a mesh in world space, so each transform
+// keeps its own matrix until a transform's values change.
+const MMatrix& localMatrix(const NodePtr& node) {
+    const std::uint64_t edits = mhost::transformEditCount();
+    if (node->cachedLocalMatrixEdit != edits) {
+        node->cachedLocalMatrix = composeLocalMatrix(node);
+        node->cachedLocalMatrixEdit = edits;
+    }
+    return node->cachedLocalMatrix;
 }
 
 }  // namespace
@@ -161,7 +173,8 @@ MObject MDagPath::child(unsigned int i, MStatus* ReturnStatus) const {
 MMatrix MDagPath::inclusiveMatrix(MStatus* ReturnStatus) const {
     report(ReturnStatus, isValid() ? MS::kSuccess : MS::kInvalidParameter);
     MMatrix world;
-    for (auto it = fNodes.rbegin(); isValid() && it != fNodes.rend(); ++it) world = world * localMatrix(*it);
+    for (auto it = fNodes.rbegin(); isValid() && it != fNodes.rend(); ++it)
+        if (isTransform(**it)) world = world * localMatrix(*it);
     return world;
 }
 

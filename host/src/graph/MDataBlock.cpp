@@ -31,6 +31,7 @@ MDataHandle outputHandle(const PlugRef& ref, MStatus* status) {
     if (status) *status = ref.node ? MS::kSuccess : MS::kInvalidParameter;
     if (!ref.node) return MDataHandle();
     mhost::Node& node = *ref.node;
+    mhost::noteValuesEdited(node);
     if (!node.values.count(ref.key)) node.values[ref.key] = node.storedValue(ref.key);
     auto& stored = node.values[ref.key];
     return MDataHandle(std::make_shared<mhost::HandleSlot>(ref.key.attribute, stored, &stored));

@@ -17,6 +17,18 @@ bool Node::hasFn(MFn::Type fn) const {
 
 namespace {
 
+std::uint64_t transformEdits = 1;
+
+}  // namespace
+
+std::uint64_t transformEditCount() { return transformEdits; }
+
+void noteValuesEdited(const Node& node) {
+    if (node.type->apiType == MFn::kTransform) ++transformEdits;
+}
+
+namespace {
+
 // A typed array attribute without a default reads as an empty array of its type, never as nothing.
 DataPtr emptyArrayOf(MFnData::Type type) {
     switch (type) {

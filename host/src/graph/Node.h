@@ -3,6 +3,9 @@
 // behaviour object (the MPxNode of plug-in nodes, or a built-in one), and for DAG nodes its place
 // in the hierarchy.
 
+#include <maya/MMatrix.h>
+
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <set>
@@ -39,6 +42,11 @@ public:
     Node* parent = nullptr;
     std::vector<std::shared_ptr<Node>> children;
 
+    // A transform's own matrix, kept from the last time it was composed while no transform's values
+    // have changed since (see transformEditCount).
+    MMatrix cachedLocalMatrix;
+    std::uint64_t cachedLocalMatrixEdit = 0;
+
     // The stored value of a plug, or the attribute's default when nothing was stored.
     PlugValue storedValue(const PlugKey& key) const;
     // Whether the plug, its whole array or an ancestor plug is flagged dirty.
@@ -52,6 +60,12 @@ public:
 };
 
 using NodePtr = std::shared_ptr<Node>;
+
+// Counts the changes to values and dirty flags of transform nodes. Anything derived from them (local
+// and world matrices) is current while the count stays where it was when it was derived.
+std::uint64_t transformEditCount();
+// To be called whenever a node's stored values or dirty flags change; counts it for transforms.
+void noteValuesEdited(const Node& node);
 
 // The node an MObject holds, or null (also for an MObject of another kind).
 NodePtr nodeOf(const MObject& object);

@@ -239,6 +239,7 @@ PlugRef Scene::storageOf(const PlugRef& plug) {
 
 void Scene::store(const PlugRef& plug, const PlugValue& value) {
     Node& node = *plug.node;
+    noteValuesEdited(node);
     const int component = plug.key.attribute->component;
     if (component < 0) {
         node.values[plug.key] = value;
@@ -282,9 +283,17 @@ void Scene::setValue(const PlugRef& plug, const PlugValue& value) {
     plug.node->setClean(plug.key);
     std::vector<PlugRef> visited{plug};
     dirtyWithinNode(plug, visited);
-    for (const auto& c : std::vector<Connection>(connections_))
-        if (plugsOverlap(c.source, plug)) propagateDirty(c.destination, visited);
+    for (const PlugRef& destination : destinationsFedBy(plug)) propagateDirty(destination, visited);
     notifyPlugSet(plug);
+}
+
+// Taken before any is dirtied, so that what dirtying runs (plug-in callbacks) cannot change the list
+// being walked; only the matching connections are copied.
+std::vector<PlugRef> Scene::destinationsFedBy(const PlugRef& plug) const {
+    std::vector<PlugRef> destinations;
+    for (const Connection& c : connections_)
+        if (plugsOverlap(c.source, plug)) destinations.push_back(c.destination);
+    return destinations;
 }
 
 void Scene::setActiveSelection(const MSelectionList& selection) {
@@ -306,9 +315,9 @@ void Scene::propagateDirty(const PlugRef& plug, std::vector<PlugRef>& visited) {
     if (std::find(visited.begin(), visited.end(), plug) != visited.end()) return;
     visited.push_back(plug);
     plug.node->dirty.insert(plug.key);
+    noteValuesEdited(*plug.node);
     dirtyWithinNode(plug, visited);
-    for (const auto& c : std::vector<Connection>(connections_))
-        if (plugsOverlap(c.source, plug)) propagateDirty(c.destination, visited);
+    for (const PlugRef& destination : destinationsFedBy(plug)) propagateDirty(destination, visited);
 }
 
 void Scene::dirtyWithinNode(const PlugRef& plug, std::vector<PlugRef>& visited) {

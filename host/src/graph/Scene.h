@@ -101,6 +101,8 @@ public:
 private:
     void notifyConnectionMade(const PlugRef& source, const PlugRef& destination);
     void propagateDirty(const PlugRef& plug, std::vector<PlugRef>& visited);
+    // The destinations of every connection whose source overlaps the plug, in connection order.
+    std::vector<PlugRef> destinationsFedBy(const PlugRef& plug) const;
     void dirtyWithinNode(const PlugRef& plug, std::vector<PlugRef>& visited);
     PlugValue pullFrom(const PlugRef& source, const PlugRef& destination);
     // Writes a value where the plug keeps it (see storageOf), without dirtying anything.

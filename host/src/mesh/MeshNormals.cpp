@@ -13,22 +13,30 @@ Vec3 pointAt(const float* coords, int vertex) {
     return {p[0], p[1], p[2]};
 }
 
-// Calls visit(face, faceVertex, vertex, angle) for every corner; angle is the unsigned angle between
-// the polygon's two edges at that corner, 0 where an edge has no length.
+// The unsigned angle between the polygon's two edges at its corner k, 0 where an edge has no length.
+double cornerAngle(const float* coords, IndexRange corners, int k) {
+    const int n = corners.size();
+    const Vec3 here = pointAt(coords, corners[k]);
+    const Vec3 toPrevious = pointAt(coords, corners[(k + n - 1) % n]) - here;
+    const Vec3 toNext = pointAt(coords, corners[(k + 1) % n]) - here;
+    return std::atan2(length(cross(toPrevious, toNext)), dot(toPrevious, toNext));
+}
+
+// Calls visit(face, faceVertex, vertex, angle) for every corner, face by face.
 template <class Visit>
 void forEachCorner(const MeshTopology& mesh, const Visit& visit) {
     const float* coords = mesh.rawPoints();
     for (int f = 0; f < mesh.numFaces(); ++f) {
         const IndexRange corners = mesh.faceVertices(f);
-        const int n = corners.size();
-        for (int k = 0; k < n; ++k) {
-            const Vec3 here = pointAt(coords, corners[k]);
-            const Vec3 toPrevious = pointAt(coords, corners[(k + n - 1) % n]) - here;
-            const Vec3 toNext = pointAt(coords, corners[(k + 1) % n]) - here;
-            const double angle = std::atan2(length(cross(toPrevious, toNext)), dot(toPrevious, toNext));
-            visit(f, mesh.faces().offsets[f] + k, corners[k], angle);
-        }
+        for (int k = 0; k < corners.size(); ++k)
+            visit(f, mesh.faces().offsets[f] + k, corners[k], cornerAngle(coords, corners, k));
     }
+}
+
+int indexInPolygon(IndexRange corners, int vertex) {
+    for (int k = 0; k < corners.size(); ++k)
+        if (corners[k] == vertex) return k;
+    return -1;
 }
 
 // Union-find over face-vertices, grouping the corners at one vertex that share a smooth normal.
@@ -47,11 +55,8 @@ private:
 };
 
 int cornerOfVertex(const MeshTopology& mesh, int face, int vertex) {
-    const IndexRange corners = mesh.faceVertices(face);
-    for (int k = 0; k < corners.size(); ++k) {
-        if (corners[k] == vertex) return mesh.faces().offsets[face] + k;
-    }
-    return -1;
+    const int k = indexInPolygon(mesh.faceVertices(face), vertex);
+    return k < 0 ? -1 : mesh.faces().offsets[face] + k;
 }
 
 // Joins, at both ends of every smooth edge, the corners of all the faces on that edge.
@@ -100,6 +105,27 @@ std::vector<Vec3> computeVertexNormals(const MeshTopology& mesh, bool angleWeigh
     });
     for (Vec3& n : sums) n = normalized(n);
     return sums;
+}
+
+void updateFaceNormals(const MeshTopology& mesh, const std::vector<int>& faces, std::vector<Vec3>& normals) {
+    for (int f : faces) normals[f] = newellNormal(mesh.rawPoints(), mesh.faceVertices(f));
+}
+
+// Each vertex sums its polygons in face order from zero, exactly as the whole-mesh pass does, so the
+// result is the same to the last bit.
+void updateVertexNormals(const MeshTopology& mesh, const std::vector<Vec3>& faceNormals,
+                         const std::vector<int>& vertices, bool angleWeighted, std::vector<Vec3>& normals) {
+    const MeshAdjacency& adjacency = mesh.adjacency();
+    const float* coords = mesh.rawPoints();
+    for (int vertex : vertices) {
+        Vec3 sum;
+        for (int face : adjacency.vertexFaces(vertex)) {
+            const IndexRange corners = mesh.faceVertices(face);
+            const double angle = cornerAngle(coords, corners, indexInPolygon(corners, vertex));
+            sum += faceNormals[face] * (angleWeighted ? angle : 1.0);
+        }
+        normals[vertex] = normalized(sum);
+    }
 }
 
 std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh) {

@@ -1,5 +1,6 @@
 #pragma once
-// Normal computations behind MeshTopology's cached normals. Each is one pass over the face-vertices.
+// Normal computations behind MeshTopology's cached normals: whole-mesh passes over the face-vertices,
+// and in-place updates of the parts a few moved vertices change.
 
 #include <vector>
 
@@ -18,6 +19,12 @@ Vec3 newellNormal(const float* coords, IndexRange corners);
 std::vector<Vec3> computeFaceNormals(const MeshTopology& mesh);
 // See MeshTopology::vertexNormals.
 std::vector<Vec3> computeVertexNormals(const MeshTopology& mesh, bool angleWeighted);
+// Recomputes the normals of the given polygons in place (after some of their vertices moved).
+void updateFaceNormals(const MeshTopology& mesh, const std::vector<int>& faces, std::vector<Vec3>& normals);
+// Recomputes the given vertices' normals in place from up-to-date face normals; each comes out exactly
+// as computeVertexNormals gives it.
+void updateVertexNormals(const MeshTopology& mesh, const std::vector<Vec3>& faceNormals,
+                         const std::vector<int>& vertices, bool angleWeighted, std::vector<Vec3>& normals);
 // See MeshTopology::faceVertexNormals.
 std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh);
 

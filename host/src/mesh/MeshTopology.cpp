@@ -61,11 +61,11 @@ CompressedRows validatedFaces(int numVertices, const std::vector<int>& counts, s
 
 }  // namespace
 
-MeshTopology::MeshTopology() : version_(nextVersion()) {}
+MeshTopology::MeshTopology() : version_(nextVersion()), facesVersion_(version_) {}
 
 MeshTopology::MeshTopology(std::vector<Vec3f> points, const std::vector<int>& polygonCounts,
                            std::vector<int> polygonConnects)
-    : version_(nextVersion()) {
+    : version_(nextVersion()), facesVersion_(version_) {
     requireFinite(points);
     faces_ = validatedFaces(static_cast<int>(points.size()), polygonCounts, std::move(polygonConnects));
     coords_.reserve(points.size() * 3);
@@ -86,7 +86,7 @@ void MeshTopology::setPoint(int vertex, const Vec3f& p) {
     stored[0] = p.x;
     stored[1] = p.y;
     stored[2] = p.z;
-    pointsChanged();
+    pointMoved(vertex);
 }
 
 void MeshTopology::setPoints(const std::vector<Vec3f>& points) {
@@ -181,15 +181,16 @@ const MeshAdjacency& MeshTopology::adjacency() const {
 }
 
 const std::vector<Vec3>& MeshTopology::faceNormals() const {
+    updateMovedNormals();
     auto& cached = derived_.faceNormals;
-    if (!cached) cached = std::make_shared<const std::vector<Vec3>>(computeFaceNormals(*this));
+    if (!cached) cached = std::make_shared<std::vector<Vec3>>(computeFaceNormals(*this));
     return *cached;
 }
 
 const std::vector<Vec3>& MeshTopology::vertexNormals(bool angleWeighted) const {
+    updateMovedNormals();
     auto& cached = derived_.vertexNormals[angleWeighted ? 1 : 0];
-    if (!cached)
-        cached = std::make_shared<const std::vector<Vec3>>(computeVertexNormals(*this, angleWeighted));
+    if (!cached) cached = std::make_shared<std::vector<Vec3>>(computeVertexNormals(*this, angleWeighted));
     return *cached;
 }
 
@@ -253,13 +254,69 @@ Box3 MeshTopology::boundingBox() const {
 
 // New polygons keep every vertex where it was, so the merge grid stays valid.
 void MeshTopology::polygonsChanged() {
-    derived_ = Derived{nullptr, nullptr, {}, nullptr, std::nullopt, std::move(derived_.mergeGrid)};
+    derived_ = Derived{nullptr, nullptr, {}, nullptr, std::nullopt, std::move(derived_.mergeGrid), {}};
     version_ = nextVersion();
+    facesVersion_ = version_;
 }
 
 void MeshTopology::pointsChanged() {
-    derived_ = Derived{std::move(derived_.adjacency), nullptr, {}, nullptr, std::nullopt, nullptr};
+    derived_ = Derived{std::move(derived_.adjacency), nullptr, {}, nullptr, std::nullopt, nullptr, {}};
     version_ = nextVersion();
+}
+
+// Past a quarter of the vertices, one whole pass costs less than the updates would.
+void MeshTopology::pointMoved(int vertex) {
+    Derived kept{std::move(derived_.adjacency), std::move(derived_.faceNormals),
+                 {std::move(derived_.vertexNormals[0]), std::move(derived_.vertexNormals[1])},
+                 nullptr, std::nullopt, nullptr, std::move(derived_.movedVertices)};
+    if (kept.faceNormals && 4 * (kept.movedVertices.size() + 1) <= static_cast<std::size_t>(numVertices())) {
+        kept.movedVertices.push_back(vertex);
+    } else {
+        kept.faceNormals.reset();
+        kept.vertexNormals[0].reset();
+        kept.vertexNormals[1].reset();
+        kept.movedVertices.clear();
+    }
+    derived_ = std::move(kept);
+    version_ = nextVersion();
+}
+
+namespace {
+
+std::vector<int> sortedUnique(std::vector<int> ids) {
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    return ids;
+}
+
+// The cached array itself when nothing else shares it, else a copy of it put in its place.
+std::vector<Vec3>& ownCopy(std::shared_ptr<std::vector<Vec3>>& shared) {
+    if (shared.use_count() > 1) shared = std::make_shared<std::vector<Vec3>>(*shared);
+    return *shared;
+}
+
+}  // namespace
+
+// A moved vertex changes the normals of its polygons, and so those of every vertex of those polygons.
+void MeshTopology::updateMovedNormals() const {
+    if (derived_.movedVertices.empty()) return;
+    const MeshAdjacency& around = adjacency();
+    std::vector<int> faces;
+    for (int vertex : derived_.movedVertices)
+        for (int face : around.vertexFaces(vertex)) faces.push_back(face);
+    faces = sortedUnique(std::move(faces));
+    std::vector<int> vertices;
+    for (int face : faces)
+        for (int vertex : faces_.row(face)) vertices.push_back(vertex);
+    vertices = sortedUnique(std::move(vertices));
+
+    std::vector<Vec3>& faceNormals = ownCopy(derived_.faceNormals);
+    updateFaceNormals(*this, faces, faceNormals);
+    for (bool angleWeighted : {false, true}) {
+        Normals& cached = derived_.vertexNormals[angleWeighted ? 1 : 0];
+        if (cached) updateVertexNormals(*this, faceNormals, vertices, angleWeighted, ownCopy(cached));
+    }
+    derived_.movedVertices.clear();
 }
 
 }  // namespace mhost

@@ -89,20 +89,30 @@ public:
     // Box around all vertices (used or not); empty for a mesh without vertices.
     Box3 boundingBox() const;
     std::uint64_t version() const { return version_; }
+    // Changes only when polygons change: meshes with equal faces versions have the same polygons over
+    // the same number of vertices, wherever those vertices are.
+    std::uint64_t facesVersion() const { return facesVersion_; }
 
 private:
+    using Normals = std::shared_ptr<std::vector<Vec3>>;
     struct Derived {
         std::shared_ptr<const MeshAdjacency> adjacency;
-        std::shared_ptr<const std::vector<Vec3>> faceNormals;
-        std::shared_ptr<const std::vector<Vec3>> vertexNormals[2];
+        // Face and vertex normals are shared by copies until one of them moves a vertex (copy on
+        // write), and are updated where vertices moved rather than recomputed whole.
+        Normals faceNormals;
+        Normals vertexNormals[2];
         std::shared_ptr<const std::vector<Vec3>> faceVertexNormals;
         std::optional<Box3> bounds;
         // Shared by copies until one of them adds a polygon (copy on write).
         std::shared_ptr<PointMergeGrid> mergeGrid;
+        // Vertices moved one by one since the face and vertex normals were last brought up to date.
+        std::vector<int> movedVertices;
     };
 
     void polygonsChanged();
     void pointsChanged();
+    void pointMoved(int vertex);
+    void updateMovedNormals() const;
     PointMergeGrid& mergeGrid(double tolerance);
     std::vector<int> resolveCorners(const std::vector<Vec3>& corners, bool mergeVertices,
                                     double pointTolerance, std::vector<Vec3>& newPoints);
@@ -113,6 +123,7 @@ private:
     std::vector<char> hardEdges_;
     UvSets uvSets_;
     std::uint64_t version_;
+    std::uint64_t facesVersion_;
     mutable Derived derived_;
 };
 

@@ -118,8 +118,9 @@ struct RayAccelerator::Impl {
     // Last, so that it goes first: the scene reads the arrays above.
     std::unique_ptr<RTCSceneTy, ReleaseScene> scene;
 
-    explicit Impl(const MeshTopology& mesh);
-    void attachTriangles();
+    Impl(const MeshTopology& mesh, bool refittable);
+    void attachTriangles(bool refittable);
+    void refit(const MeshTopology& mesh);
     std::array<Vec3, 3> corners(unsigned triangle) const;
     bool accepts(const HitFilter& filter, unsigned triangle) const {
         const FanTriangulation::Owner owner = fan.owners[triangle];
@@ -184,7 +185,7 @@ void rejectFilteredHit(const RTCFilterFunctionNArguments* args) {
 
 }  // namespace
 
-RayAccelerator::Impl::Impl(const MeshTopology& mesh)
+RayAccelerator::Impl::Impl(const MeshTopology& mesh, bool refittable)
     : fan(fanTriangulate(mesh.faces())),
       coords(mesh.rawPoints(), mesh.rawPoints() + 3 * static_cast<std::size_t>(mesh.numVertices())),
       vertexNormals(mesh.vertexNormals(true)),
@@ -194,14 +195,15 @@ RayAccelerator::Impl::Impl(const MeshTopology& mesh)
     throwOnDeviceError("creating a scene");
     // Robust traversal keeps rays from slipping between triangles through a shared edge.
     rtcSetSceneFlags(scene.get(), RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_CONTEXT_FILTER_FUNCTION);
-    if (fan.numTriangles() > 0) attachTriangles();
+    if (fan.numTriangles() > 0) attachTriangles(refittable);
     rtcCommitScene(scene.get());
     throwOnDeviceError("building the hierarchy");
 }
 
 // The geometry reads the vertex and index arrays in place, so they live as long as the scene.
-void RayAccelerator::Impl::attachTriangles() {
+void RayAccelerator::Impl::attachTriangles(bool refittable) {
     RTCGeometry geometry = rtcNewGeometry(sharedDevice(), RTC_GEOMETRY_TYPE_TRIANGLE);
+    if (refittable) rtcSetGeometryBuildQuality(geometry, RTC_BUILD_QUALITY_REFIT);
     rtcSetSharedGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3, coords.data(), 0,
                                3 * sizeof(float), (coords.size() - 1) / 3);
     rtcSetSharedGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3, fan.vertexIds.data(), 0,
@@ -210,6 +212,20 @@ void RayAccelerator::Impl::attachTriangles() {
     rtcAttachGeometry(scene.get(), geometry);
     rtcReleaseGeometry(geometry);
     throwOnDeviceError("creating the triangles");
+}
+
+// The vertex array keeps its size and place, so the geometry's shared buffer only needs telling.
+void RayAccelerator::Impl::refit(const MeshTopology& mesh) {
+    std::copy(mesh.rawPoints(), mesh.rawPoints() + 3 * static_cast<std::size_t>(mesh.numVertices()),
+              coords.begin());
+    vertexNormals = mesh.vertexNormals(true);
+    faceNormals = mesh.faceNormals();
+    if (fan.numTriangles() == 0) return;
+    RTCGeometry geometry = rtcGetGeometry(scene.get(), 0);
+    rtcUpdateGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0);
+    rtcCommitGeometry(geometry);
+    rtcCommitScene(scene.get());
+    throwOnDeviceError("refitting the hierarchy");
 }
 
 std::array<Vec3, 3> RayAccelerator::Impl::corners(unsigned triangle) const {
@@ -270,12 +286,23 @@ SurfacePoint RayAccelerator::Impl::surfacePoint(unsigned triangle, const Triangl
     return result;
 }
 
-RayAccelerator::RayAccelerator(const MeshTopology& mesh)
-    : impl_(std::make_unique<Impl>(mesh)), meshVersion_(mesh.version()) {}
+RayAccelerator::RayAccelerator(const MeshTopology& mesh, bool refittable)
+    : impl_(std::make_unique<Impl>(mesh, refittable)),
+      meshVersion_(mesh.version()),
+      facesVersion_(mesh.facesVersion()),
+      refittable_(refittable) {}
 
 RayAccelerator::~RayAccelerator() = default;
 
 bool RayAccelerator::isBuiltFor(const MeshTopology& mesh) const { return meshVersion_ == mesh.version(); }
+
+bool RayAccelerator::hasFacesOf(const MeshTopology& mesh) const { return facesVersion_ == mesh.facesVersion(); }
+
+void RayAccelerator::refit(const MeshTopology& mesh) {
+    if (!refittable_ || !hasFacesOf(mesh)) fail("refit needs a refittable accelerator and the same faces");
+    impl_->refit(mesh);
+    meshVersion_ = mesh.version();
+}
 
 int RayAccelerator::numTriangles() const { return impl_->fan.numTriangles(); }
 
@@ -371,11 +398,16 @@ std::optional<SurfacePoint> RayAccelerator::closestPoint(const Vec3& p, double m
     return impl_->surfacePoint(search.triangle, search.nearest, std::sqrt(search.distanceSquared));
 }
 
+// An accelerator someone else holds stays as it is: they asked for the mesh as it was.
 std::shared_ptr<const RayAccelerator> RayAcceleratorCache::sharedAcceleratorFor(const MeshTopology& mesh) {
-    if (!accelerator_ || !accelerator_->isBuiltFor(mesh)) {
-        accelerator_.reset();
-        accelerator_ = std::make_shared<const RayAccelerator>(mesh);
+    if (accelerator_ && accelerator_->isBuiltFor(mesh)) return accelerator_;
+    const bool deforming = accelerator_ && accelerator_->hasFacesOf(mesh);
+    if (deforming && accelerator_->isRefittable() && accelerator_.use_count() == 1) {
+        accelerator_->refit(mesh);
+        return accelerator_;
     }
+    accelerator_.reset();
+    accelerator_ = std::make_shared<RayAccelerator>(mesh, deforming);
     return accelerator_;
 }
 

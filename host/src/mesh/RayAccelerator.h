@@ -60,14 +60,22 @@ struct SurfacePoint {
 class RayAccelerator {
 public:
     // Builds the hierarchy over the mesh's triangles: O(triangles log triangles), multi-threaded.
-    // An empty mesh gives an accelerator that finds nothing. Throws HostError if Embree fails.
-    explicit RayAccelerator(const MeshTopology& mesh);
+    // A refittable one can later follow moved vertices (refit). An empty mesh gives an accelerator
+    // that finds nothing. Throws HostError if Embree fails.
+    explicit RayAccelerator(const MeshTopology& mesh, bool refittable = false);
     ~RayAccelerator();
     RayAccelerator(const RayAccelerator&) = delete;
     RayAccelerator& operator=(const RayAccelerator&) = delete;
 
     // True while `mesh` is (a copy of) the mesh this was built from and has not changed since.
     bool isBuiltFor(const MeshTopology& mesh) const;
+    // True when `mesh` has the polygons this was built over, its vertices moved or not.
+    bool hasFacesOf(const MeshTopology& mesh) const;
+    bool isRefittable() const { return refittable_; }
+    // Follows `mesh`, which must have the same faces, by moving the triangles' corners and refitting
+    // the boxes of the hierarchy: O(triangles), much cheaper than a new build. Every query answers as
+    // on a new build, except that a ray through a point two triangles share may name the other one.
+    void refit(const MeshTopology& mesh);
     int numTriangles() const;
 
     // Every hit along the ray within maxParam, one per polygon and position. Throws HostError on a
@@ -87,10 +95,14 @@ public:
 private:
     std::unique_ptr<Impl> impl_;
     std::uint64_t meshVersion_;
+    std::uint64_t facesVersion_;
+    bool refittable_;
 };
 
 // Keeps one accelerator and rebuilds it only when asked for a mesh it was not built for. Copies of a
-// cache share the accelerator it holds, so copies of a mesh reuse one build until they change.
+// cache share the accelerator it holds, so copies of a mesh reuse one build until they change. A mesh
+// whose vertices move (the same faces as the last build) gets a refittable accelerator, refitted in
+// place from then on while nothing else holds it.
 class RayAcceleratorCache {
 public:
     const RayAccelerator& acceleratorFor(const MeshTopology& mesh) { return *sharedAcceleratorFor(mesh); }
@@ -99,7 +111,7 @@ public:
     void clear() { accelerator_.reset(); }
 
 private:
-    std::shared_ptr<const RayAccelerator> accelerator_;
+    std::shared_ptr<RayAccelerator> accelerator_;
 };
 
 }  // namespace mhost

@@ -200,7 +200,10 @@ private:
     }
 
     void applyBakedValues(bool after) {
-        for (auto& baked : baked_) baked.node->values = after ? baked.after : baked.before;
+        for (auto& baked : baked_) {
+            baked.node->values = after ? baked.after : baked.before;
+            noteValuesEdited(*baked.node);
+        }
     }
 
     std::vector<Baked> baked_;
