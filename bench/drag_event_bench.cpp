@@ -1,22 +1,26 @@
 // One left-button drag event of a 200-point freehand stroke on a 1,000,000-triangle source, through the
-// kyStrake plug-in on the headless host, beside the rays such an event casts made straight through
+// kyStrake plug-in on the headless host, beside the queries such an event makes, made straight through
 // Embree in the same run. A drag event picks the surface under the pointer and pulls the whole stroke
-// back onto the surface, so it casts about one ray per stroke point: the raw side casts the rays of
-// the stroke's 200 pixels from the camera. After the table, a summary line gives the ratio.
+// back onto the surface: every hit both ways along the pointer's line, then every hit both ways along
+// each stroke point's line through the eye, sorted. After the table, a summary line gives the ratios
+// of wall and CPU time.
 
 #include <benchmark/benchmark.h>
-#include <embree3/rtcore.h>
 #include <maya/M3dView.h>
+#include <maya/MDagPath.h>
+#include <maya/MFnCamera.h>
 #include <maya/MPoint.h>
 #include <maya/MVector.h>
 #include <mhost/Driver.h>
 #include <mhost/Interaction.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
 
+#include "rawEmbree.h"
 #include "runner/SceneSetup.h"
 #include "runner/SourceMeshes.h"
 
@@ -24,6 +28,7 @@ namespace {
 
 using namespace kystrake;
 namespace driver = mhost::driver;
+using mhost::Vec3;
 
 constexpr int kStrokePoints = 200;
 
@@ -70,91 +75,111 @@ void hostDragEvent(benchmark::State& state) {
     }
 }
 
-struct RawScene {
-    RTCDevice device = rtcNewDevice(nullptr);
-    RTCScene scene = rtcNewScene(device);
-    std::vector<RTCRayHit> rays;
-};
-
-RawScene& rawScene() {
-    static RawScene raw = [] {
-        RawScene r;
+// The source's fan triangles straight in Embree.
+const kybench::RawTriangleScene& rawSource() {
+    static const kybench::RawTriangleScene scene = [] {
         const PolygonMesh& mesh = sourceMesh();
-        RTCGeometry geometry = rtcNewGeometry(r.device, RTC_GEOMETRY_TYPE_TRIANGLE);
-        auto* vertices = static_cast<float*>(rtcSetNewGeometryBuffer(
-            geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3, 3 * sizeof(float), mesh.points.size()));
-        for (size_t i = 0; i < mesh.points.size(); ++i)
-            for (int k = 0; k < 3; ++k) vertices[3 * i + k] = static_cast<float>(mesh.points[i][k]);
+        std::vector<float> points;
+        for (const auto& p : mesh.points)
+            for (int k = 0; k < 3; ++k) points.push_back(static_cast<float>(p[k]));
         std::vector<unsigned> triangles;
-        size_t corner = 0;
+        std::size_t corner = 0;
         for (int count : mesh.polygonCounts) {
             for (int k = 1; k + 1 < count; ++k)
                 for (int c : {0, k, k + 1}) triangles.push_back(mesh.polygonConnects[corner + c]);
             corner += count;
         }
-        auto* indices = static_cast<unsigned*>(rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0,
-                                                                       RTC_FORMAT_UINT3, 3 * sizeof(unsigned),
-                                                                       triangles.size() / 3));
-        std::copy(triangles.begin(), triangles.end(), indices);
-        rtcCommitGeometry(geometry);
-        rtcAttachGeometry(r.scene, geometry);
-        rtcReleaseGeometry(geometry);
-        rtcCommitScene(r.scene);
-        return r;
+        return kybench::RawTriangleScene(std::move(points), std::move(triangles));
     }();
-    return raw;
+    return scene;
 }
 
-void rawEmbreeRays(benchmark::State& state) {
-    setUpOnce();
-    RawScene& raw = rawScene();
-    M3dView view = M3dView::active3dView();
-    std::vector<std::pair<MPoint, MVector>> rays;
-    for (const Pixel& p : strokePixels()) {
-        MPoint source;
-        MVector direction;
-        view.viewToWorld(static_cast<short>(p[0]), static_cast<short>(p[1]), source, direction);
-        rays.push_back({source, direction});
-    }
-    RTCIntersectContext context;
-    for (auto _ : state) {
-        int hits = 0;
-        for (const auto& [source, direction] : rays) {
-            RTCRayHit hit{};
-            hit.ray.org_x = float(source.x), hit.ray.org_y = float(source.y), hit.ray.org_z = float(source.z);
-            hit.ray.dir_x = float(direction.x), hit.ray.dir_y = float(direction.y),
-            hit.ray.dir_z = float(direction.z);
-            hit.ray.tfar = 10000.0f;
-            hit.ray.mask = ~0u;
-            hit.hit.geomID = RTC_INVALID_GEOMETRY_ID;
-            rtcInitIntersectContext(&context);
-            rtcIntersect1(raw.scene, &context, &hit);
-            hits += hit.hit.geomID != RTC_INVALID_GEOMETRY_ID;
+using Hits = std::vector<kybench::RawTriangleScene::Hit>;
+
+// Every hit of the line through `origin` both ways within `reach`, behind the origin negative and
+// sorted along the line, as the host's allIntersections gives them.
+void sortedHitsBothWays(const Vec3& origin, const Vec3& direction, float reach, Hits& hits) {
+    hits.clear();
+    rawSource().allHits(origin, direction, reach, hits);
+    const std::size_t ahead = hits.size();
+    rawSource().allHits(origin, -direction, reach, hits);
+    for (std::size_t i = ahead; i < hits.size(); ++i) hits[i].second = -hits[i].second;
+    std::sort(hits.begin(), hits.end(),
+              [](const auto& a, const auto& b) { return a.second < b.second; });
+}
+
+Vec3 toVec3(const MPoint& p) { return {p.x, p.y, p.z}; }
+
+// The queries of the last drag event: the pick under the pointer (every hit both ways, reach 10000),
+// then one line per stroke point through the eye (every hit both ways, reach 100). The stroke points
+// are where the host's reprojection leaves them, the last hit along each pixel's line.
+struct EventQueries {
+    Vec3 pickOrigin, pickDirection;
+    std::vector<Vec3> strokePoints;
+    Vec3 eye;
+};
+
+const EventQueries& eventQueries() {
+    static const EventQueries queries = [] {
+        setUpOnce();
+        M3dView view = M3dView::active3dView();
+        MDagPath camera;
+        view.getCamera(camera);
+        EventQueries q;
+        q.eye = toVec3(MFnCamera(camera).eyePoint(MSpace::kWorld));
+        Hits hits;
+        for (const Pixel& p : strokePixels()) {
+            MPoint source;
+            MVector direction;
+            view.viewToWorld(static_cast<short>(p[0]), static_cast<short>(p[1]), source, direction);
+            q.pickOrigin = toVec3(source);
+            q.pickDirection = Vec3(direction.x, direction.y, direction.z);
+            sortedHitsBothWays(q.pickOrigin, q.pickDirection, 10000.0f, hits);
+            if (!hits.empty()) q.strokePoints.push_back(q.pickOrigin + q.pickDirection * double(hits.back().second));
         }
-        benchmark::DoNotOptimize(hits);
+        return q;
+    }();
+    return queries;
+}
+
+void rawEmbreeQueries(benchmark::State& state) {
+    const EventQueries& q = eventQueries();
+    Hits hits;
+    for (auto _ : state) {
+        std::size_t total = 0;
+        sortedHitsBothWays(q.pickOrigin, q.pickDirection, 10000.0f, hits);
+        total += hits.size();
+        for (const Vec3& point : q.strokePoints) {
+            sortedHitsBothWays(point, point - q.eye, 100.0f, hits);
+            total += hits.size();
+        }
+        benchmark::DoNotOptimize(total);
     }
+    state.counters["stroke points"] = static_cast<double>(q.strokePoints.size());
 }
 
 BENCHMARK(hostDragEvent)->Unit(benchmark::kMillisecond)->Iterations(8);
-BENCHMARK(rawEmbreeRays)->Unit(benchmark::kMillisecond);
+BENCHMARK(rawEmbreeQueries)->Unit(benchmark::kMillisecond);
 
 // Collects each benchmark's time per iteration to print the ratio after the table.
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        for (const Run& run : runs) times_[run.benchmark_name()] = {run.GetAdjustedRealTime(), run.GetAdjustedCPUTime()};
         ConsoleReporter::ReportRuns(runs);
     }
     void Finalize() override {
         ConsoleReporter::Finalize();
-        const double host = times_["hostDragEvent/iterations:8"], raw = times_["rawEmbreeRays"];
-        if (host > 0 && raw > 0)
-            std::printf("drag event of a %d-point stroke: %.3f ms, raw Embree rays: %.3f ms, ratio %.2fx\n",
-                        kStrokePoints, host, raw, host / raw);
+        const auto host = times_["hostDragEvent/iterations:8"], raw = times_["rawEmbreeQueries"];
+        if (host.first > 0 && raw.first > 0 && raw.second > 0)
+            std::printf("drag event of a %d-point stroke: wall %.3f ms, CPU %.3f ms; raw Embree queries: wall %.3f ms, "
+                        "CPU %.3f ms; ratio wall %.2fx, CPU %.2fx\n",
+                        kStrokePoints, host.first, host.second, raw.first, raw.second, host.first / raw.first,
+                        host.second / raw.second);
     }
 
 private:
-    std::map<std::string, double> times_;
+    std::map<std::string, std::pair<double, double>> times_;
 };
 
 }  // namespace

@@ -100,34 +100,6 @@ const kybench::RawTriangleScene& rawTriangles() {
 
 RTCScene rawScene() { return rawTriangles().scene(); }
 
-struct RawCollector {
-    RTCIntersectContext context;
-    std::vector<std::pair<unsigned, float>>* hits;
-};
-
-void collectRawHit(const RTCFilterFunctionNArguments* args) {
-    auto* collector = reinterpret_cast<RawCollector*>(args->context);
-    collector->hits->emplace_back(RTCHitN_primID(args->hit, args->N, 0), RTCRayN_tfar(args->ray, args->N, 0));
-    args->valid[0] = 0;
-}
-
-void rawTrace(const Vec3& origin, const Vec3& direction, std::vector<std::pair<unsigned, float>>& hits) {
-    RawCollector collector{{}, &hits};
-    rtcInitIntersectContext(&collector.context);
-    collector.context.filter = collectRawHit;
-    RTCRayHit ray{};
-    ray.ray.org_x = float(origin.x);
-    ray.ray.org_y = float(origin.y);
-    ray.ray.org_z = float(origin.z);
-    ray.ray.dir_x = float(direction.x);
-    ray.ray.dir_y = float(direction.y);
-    ray.ray.dir_z = float(direction.z);
-    ray.ray.tfar = 10000.0f;
-    ray.ray.mask = ~0u;
-    ray.hit.geomID = RTC_INVALID_GEOMETRY_ID;
-    rtcIntersect1(rawScene(), &collector.context, &ray);
-}
-
 // ---- The pairs. ----
 
 // Both build benchmarks first make their side's lasting scene, which also starts Embree's threads, so
@@ -173,12 +145,12 @@ void AllIntersectionsBothWays_Host(benchmark::State& state) {
 
 void AllIntersectionsBothWays_Embree(benchmark::State& state) {
     rawScene();
-    std::vector<std::pair<unsigned, float>> hits;
+    std::vector<kybench::RawTriangleScene::Hit> hits;
     std::size_t total = 0, i = 0;
     for (auto _ : state) {
         hits.clear();
-        rawTrace(rayOrigins()[i % kQueries], rayDirections()[i % kQueries], hits);
-        rawTrace(rayOrigins()[i % kQueries], -rayDirections()[i % kQueries], hits);
+        rawTriangles().allHits(rayOrigins()[i % kQueries], rayDirections()[i % kQueries], 10000.0f, hits);
+        rawTriangles().allHits(rayOrigins()[i % kQueries], -rayDirections()[i % kQueries], 10000.0f, hits);
         ++i;
         total += hits.size();
     }

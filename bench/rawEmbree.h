@@ -1,13 +1,14 @@
 #pragma once
 // Raw Embree beside the host, for benchmarks that report the host's figures as ratios to it: a
-// triangle scene made straight from points and triangle ids, and its nearest-point query, with no
-// host types in the way.
+// triangle scene made straight from points and triangle ids, its nearest-point query and its
+// every-hit ray cast, with no host types in the way.
 
 #include <embree3/rtcore.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "mesh/TriangleGeometry.h"
@@ -42,6 +43,26 @@ public:
 
     RTCScene scene() const { return scene_; }
 
+    // A hit as Embree reports it: the triangle and the ray parameter.
+    using Hit = std::pair<unsigned, float>;
+    // Appends every hit of the ray within maxParam to `hits`, in traversal order.
+    void allHits(const Vec3& origin, const Vec3& direction, float maxParam, std::vector<Hit>& hits) const {
+        Collector collector{{}, &hits};
+        rtcInitIntersectContext(&collector.context);
+        collector.context.filter = collectHit;
+        RTCRayHit ray{};
+        ray.ray.org_x = float(origin.x);
+        ray.ray.org_y = float(origin.y);
+        ray.ray.org_z = float(origin.z);
+        ray.ray.dir_x = float(direction.x);
+        ray.ray.dir_y = float(direction.y);
+        ray.ray.dir_z = float(direction.z);
+        ray.ray.tfar = maxParam;
+        ray.ray.mask = ~0u;
+        ray.hit.geomID = RTC_INVALID_GEOMETRY_ID;
+        rtcIntersect1(scene_, &collector.context, &ray);
+    }
+
     struct Nearest {
         double distanceSquared = std::numeric_limits<double>::infinity();
         unsigned triangle = 0;
@@ -61,6 +82,18 @@ public:
     }
 
 private:
+    // Embree hands the context to the filter, so the hit list rides behind it.
+    struct Collector {
+        RTCIntersectContext context;
+        std::vector<Hit>* hits;
+    };
+    // Records the hit and rejects it, so that traversal goes on to the next one.
+    static void collectHit(const RTCFilterFunctionNArguments* args) {
+        auto* collector = reinterpret_cast<Collector*>(args->context);
+        collector->hits->emplace_back(RTCHitN_primID(args->hit, args->N, 0), RTCRayN_tfar(args->ray, args->N, 0));
+        args->valid[0] = 0;
+    }
+
     struct Visit {
         const RawTriangleScene* owner;
         Vec3 query;
