@@ -16,6 +16,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iostream>
+#include <streambuf>
 #include <map>
 #include <string>
 #include <vector>
@@ -48,9 +50,26 @@ const std::vector<Pixel>& strokePixels() {
     return pixels;
 }
 
+// Keeps the error stream's text in memory, as the runner does for its log: a freehand stroke with no
+// row prints the guide's failure trace at every drag event, and a terminal write per line would time
+// the terminal rather than the event.
+class ErrorLines : public std::streambuf {
+protected:
+    int overflow(int c) override {
+        text_.push_back(static_cast<char>(c));
+        if (text_.size() > (1u << 20)) text_.clear();
+        return c;
+    }
+
+private:
+    std::string text_;
+};
+
 void setUpOnce() {
     static bool done = false;
     if (done) return;
+    static ErrorLines errorLines;
+    std::cerr.rdbuf(&errorLines);
     Session session;
     session.viewWidth = 960;
     session.viewHeight = 640;

@@ -55,13 +55,14 @@ bool isTransform(const Node& node) { return node.type->apiType == MFn::kTransfor
 
 // Paths are walked for their matrices on every query of a mesh in world space, so each transform
 // keeps its own matrix until a transform's values change.
-const MMatrix& localMatrix(const NodePtr& node) {
+const Node& withCurrentMatrices(const NodePtr& node) {
     const std::uint64_t edits = mhost::transformEditCount();
     if (node->cachedLocalMatrixEdit != edits) {
         node->cachedLocalMatrix = composeLocalMatrix(node);
+        node->cachedIdentityTimesLocal = MMatrix() * node->cachedLocalMatrix;
         node->cachedLocalMatrixEdit = edits;
     }
-    return node->cachedLocalMatrix;
+    return *node;
 }
 
 }  // namespace
@@ -172,9 +173,15 @@ MObject MDagPath::child(unsigned int i, MStatus* ReturnStatus) const {
 
 MMatrix MDagPath::inclusiveMatrix(MStatus* ReturnStatus) const {
     report(ReturnStatus, isValid() ? MS::kSuccess : MS::kInvalidParameter);
+    // The product starts from the identity; its first factor is kept ready made, the same bits.
     MMatrix world;
-    for (auto it = fNodes.rbegin(); isValid() && it != fNodes.rend(); ++it)
-        if (isTransform(**it)) world = world * localMatrix(*it);
+    bool first = true;
+    for (auto it = fNodes.rbegin(); isValid() && it != fNodes.rend(); ++it) {
+        if (!isTransform(**it)) continue;
+        const Node& transform = withCurrentMatrices(*it);
+        world = first ? transform.cachedIdentityTimesLocal : world * transform.cachedLocalMatrix;
+        first = false;
+    }
     return world;
 }
 

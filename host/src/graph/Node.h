@@ -42,9 +42,10 @@ public:
     Node* parent = nullptr;
     std::vector<std::shared_ptr<Node>> children;
 
-    // A transform's own matrix, kept from the last time it was composed while no transform's values
-    // have changed since (see transformEditCount).
-    MMatrix cachedLocalMatrix;
+    // A transform's own matrix, and the identity times it (what a path starting at this transform
+    // begins with), kept from the last time they were composed while no transform's values have
+    // changed since (see transformEditCount).
+    MMatrix cachedLocalMatrix, cachedIdentityTimesLocal;
     std::uint64_t cachedLocalMatrixEdit = 0;
 
     // The stored value of a plug, or the attribute's default when nothing was stored.

@@ -12,10 +12,31 @@ bool MeshSpace::isWorldSpace(MSpace::Space space) {
     return space == MSpace::kWorld;
 }
 
+namespace {
+
+// Every world-space call on a mesh makes a MeshSpace, and a stroke's calls all use the same matrix:
+// the inverse of the last one is kept rather than computed again.
+struct LastInverse {
+    MMatrix matrix, inverse;
+    bool valid = false;
+};
+
+const MMatrix& inverseOf(const MMatrix& matrix) {
+    thread_local LastInverse last;
+    if (!last.valid || !(last.matrix == matrix)) {
+        last.matrix = matrix;
+        last.inverse = matrix.inverse();
+        last.valid = true;
+    }
+    return last.inverse;
+}
+
+}  // namespace
+
 MeshSpace::MeshSpace(MSpace::Space space, const MMatrix& objectToWorld) : world_(isWorldSpace(space)) {
     if (!world_) return;
     toWorld_ = objectToWorld;
-    toObject_ = objectToWorld.inverse();
+    toObject_ = inverseOf(objectToWorld);
     normalToWorld_ = toObject_.transpose();
 }
 
