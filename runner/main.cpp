@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "runner/DemoSession.h"
+#include "runner/ObjFile.h"
 #include "runner/SessionRun.h"
 
 namespace {
@@ -52,6 +53,9 @@ int main(int argc, char** argv) {
         if (!sourcePath.empty()) session.source.objPath = sourcePath;
         return runAndReport(session, outDir, pluginPath, verbose);
     } catch (const SessionError& error) {
+        std::cerr << "kystrake: " << error.what() << "\n";
+        return 2;
+    } catch (const ObjError& error) {
         std::cerr << "kystrake: " << error.what() << "\n";
         return 2;
     } catch (const std::exception& error) {
