@@ -185,6 +185,15 @@ std::string path(const json& value, const Where& where, const std::string& field
     return name;
 }
 
+// A frame's name becomes part of its picture's file name in the output folder, so it may not lead out
+// of that folder.
+std::string frameName(const json& value, const Where& where) {
+    const std::string name = text(value, where, "frame");
+    if (name.find_first_of("/\\") != std::string::npos)
+        where.fail("frame", "must be a name without '/' or '\\'");
+    return name;
+}
+
 // The fields a step may have besides its action: the button and modifier keys of mouse gestures.
 void checkStepFields(const json& step, const std::string& action, const Where& where) {
     if (action == "press" || action == "release" || action == "drag")
@@ -227,7 +236,7 @@ Step parseStep(const json& step, size_t index) {
     if (action == "select") return select(value, where);
     if (action == "undo") return Undo{repeatCount(value, where, action)};
     if (action == "redo") return Redo{repeatCount(value, where, action)};
-    if (action == "frame") return Frame{text(value, where, action)};
+    if (action == "frame") return Frame{frameName(value, where)};
     if (action == "save") return SaveScene{path(value, where, action)};
     if (action == "load") return LoadScene{path(value, where, action)};
     return camera(value, where, action);

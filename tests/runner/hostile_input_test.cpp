@@ -186,6 +186,8 @@ TEST(HostileSessions, WrongTypesMissingAndUnknownFieldsNameTheField) {
     EXPECT_EQ("step 1 (save): field \"save\" must be a file path",
               sessionError(R"({"steps": [{"save": ""}]})"));
     EXPECT_EQ("step 1 (load): field \"load\" must be a string", sessionError(R"({"steps": [{"load": 3}]})"));
+    EXPECT_EQ("step 1 (frame): field \"frame\" must be a name without '/' or '\\'",
+              sessionError(R"({"steps": [{"frame": "../../escape"}]})"));
 }
 
 TEST(HostileSessions, FileErrorsNameTheFileAndSyntaxErrorsTheLine) {
