@@ -248,7 +248,7 @@ TEST_F(SceneFileRoundTrip, CorruptFilesAreRefusedNamingTheEntryAtFault) {
         {[&](nlohmann::json& d) { valueOf(d, "weight")["numbers"] = "heavy"; }, vaultEntry},
         {[&](nlohmann::json& d) { valueOf(d, "weight")["index"] = 2; },
          "vaultA.weight has an index but is not an array element"},
-        {[&](nlohmann::json& d) { valueOf(d, "items")["index"] = -3; }, "vaultA.items has an index"},
+        {[&](nlohmann::json& d) { valueOf(d, "items")["index"] = -1; }, "vaultA.items has an index"},
         {[&](nlohmann::json& d) { valueOf(d, "title")["data"] = valueOf(d, "ids")["data"]; },
          "vaultA.title does not take data of type 'intArray'"},
         {[&](nlohmann::json& d) {
