@@ -179,7 +179,7 @@ int repeatCount(const json& value, const Where& where, const std::string& field)
     return times;
 }
 
-std::string path(const json& value, const Where& where, const std::string& field) {
+std::string filePath(const json& value, const Where& where, const std::string& field) {
     const std::string name = text(value, where, field);
     if (name.empty()) where.fail(field, "must be a file path");
     return name;
@@ -237,8 +237,8 @@ Step parseStep(const json& step, size_t index) {
     if (action == "undo") return Undo{repeatCount(value, where, action)};
     if (action == "redo") return Redo{repeatCount(value, where, action)};
     if (action == "frame") return Frame{frameName(value, where)};
-    if (action == "save") return SaveScene{path(value, where, action)};
-    if (action == "load") return LoadScene{path(value, where, action)};
+    if (action == "save") return SaveScene{filePath(value, where, action)};
+    if (action == "load") return LoadScene{filePath(value, where, action)};
     return camera(value, where, action);
 }
 

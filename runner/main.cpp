@@ -48,6 +48,8 @@ int main(int argc, char** argv) {
     demo->add_option("--plugin", pluginPath, "kyStrake plug-in module to load");
 
     CLI11_PARSE(app, argc, argv);
+    // Bad input files (the session, the source mesh, a scene file the session loads) end with exit
+    // code 2, before anything is written; a failure of the run itself ends with 1.
     try {
         Session session = *run ? loadSession(sessionPath) : fullRoad ? fullRoadSession() : demoSession();
         if (!sourcePath.empty()) session.source.objPath = sourcePath;
