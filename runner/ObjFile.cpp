@@ -5,9 +5,12 @@
 #include <cstdio>
 #include <fstream>
 
+#include "runner/ObjLines.h"
+
 namespace kystrake {
 
 PolygonMesh readObj(const std::string& path) {
+    checkObjLines(path);
     tinyobj::ObjReaderConfig config;
     config.triangulate = false;  // keep quads: the tool works on whatever polygons the file has
     tinyobj::ObjReader reader;
@@ -22,7 +25,7 @@ PolygonMesh readObj(const std::string& path) {
         for (unsigned char corners : shape.mesh.num_face_vertices) mesh.polygonCounts.push_back(corners);
         for (const auto& index : shape.mesh.indices) mesh.polygonConnects.push_back(index.vertex_index);
     }
-    if (mesh.polygonCounts.empty()) throw ObjError("\"" + path + "\" holds no polygons");
+    if (mesh.polygonCounts.empty()) throw ObjError("\"" + path + "\" holds no polygons (no \"f\" lines)");
     return mesh;
 }
 

@@ -20,8 +20,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Reads every shape of the file into one mesh; throws ObjError for an unreadable file or one
-// without polygons.
+// Reads every shape of the file into one mesh; throws ObjError, naming the file and the line at fault,
+// for an unreadable file, a malformed vertex or face line (see checkObjLines), or a file without
+// polygons.
 PolygonMesh readObj(const std::string& path);
 // Writes the mesh; throws ObjError when the file cannot be written.
 void writeObj(const PolygonMesh& mesh, const std::string& path);

@@ -6,9 +6,11 @@
 #include <maya/MIntArray.h>
 #include <mhost/Driver.h>
 #include <mhost/Interaction.h>
+#include <mhost/SceneFile.h>
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 namespace kystrake {
 namespace {
@@ -38,6 +40,14 @@ std::string createSourceMesh(const PolygonMesh& source) {
     require(status, "creating the source mesh", "the polygons are not a valid mesh");
     MFnDependencyNode(transform).setName("sourceMesh");
     return mesh.name().asChar();
+}
+
+// Makes the tool context and makes it current.
+std::string startTool() {
+    const std::string context =
+        runOrThrow(std::string("kyStrakeContext ") + kContextName, "making the tool context");
+    require(mhost::driver::setToolTo(context), "making the tool current");
+    return context;
 }
 
 }  // namespace
@@ -75,9 +85,22 @@ SceneNames setUpScene(const Session& session, const PolygonMesh& source, const s
     require(mhost::driver::placeCamera(MPoint(camera.eye[0], camera.eye[1], camera.eye[2]),
                                        MPoint(camera.target[0], camera.target[1], camera.target[2])),
             "placing the camera");
-    names.context = runOrThrow(std::string("kyStrakeContext ") + kContextName, "making the tool context");
-    require(mhost::driver::setToolTo(names.context), "making the tool current");
+    names.context = startTool();
     return names;
+}
+
+MStatus reopenScene(const std::string& path, const SceneNames& names, std::string* error) {
+    MStatus status = mhost::driver::checkSceneFile(path, error);
+    if (!status) return status;
+    mhost::driver::deleteToolContext(names.context);
+    status = mhost::driver::loadScene(path, error);
+    startTool();
+    return status;
+}
+
+std::string scenePath(const std::string& path, const std::string& outDir) {
+    const std::filesystem::path file(path);
+    return file.is_relative() ? (std::filesystem::path(outDir) / file).string() : path;
 }
 
 }  // namespace kystrake

@@ -1,7 +1,11 @@
 #include "runner/Session.h"
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
+#include <cstdint>
 #include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -10,8 +14,15 @@ namespace {
 
 using nlohmann::json;
 
-const char* const kActions[] = {"press",     "drag",   "release", "move", "key",   "command",
-                                "optionVar", "select", "undo",    "redo", "frame", "camera"};
+// In the order of the Step variant's alternatives.
+const char* const kActions[] = {"press",  "drag", "release", "move",  "key",    "command", "optionVar",
+                                "select", "undo", "redo",    "frame", "camera", "save",    "load"};
+static_assert(std::size(kActions) == std::variant_size_v<Step>);
+
+// Pixels reach the host as shorts, as Maya's view coordinates are.
+constexpr double kPixelLimit = SHRT_MAX;
+// Camera positions beyond this many units from the origin leave nothing but rounding error to see.
+constexpr double kCoordinateLimit = 1e9;
 
 // Names the place of a problem: "step 3 (press)" or a top-level field.
 class Where {
@@ -25,14 +36,28 @@ private:
     std::string place_;
 };
 
+// Whether a JSON integer fits an int (a huge one would wrap round in get<int>).
+bool fitsInt(const json& value) {
+    if (value.is_number_unsigned()) return value.get<std::uint64_t>() <= static_cast<std::uint64_t>(INT_MAX);
+    const std::int64_t number = value.get<std::int64_t>();
+    return number >= INT_MIN && number <= INT_MAX;
+}
+
 int wholeNumber(const json& value, const Where& where, const std::string& field) {
     if (!value.is_number_integer()) where.fail(field, "must be a whole number");
+    if (!fitsInt(value)) where.fail(field, "is too large");
     return value.get<int>();
+}
+
+bool withinLimit(const json& value, double limit) {
+    return value.is_number() && std::isfinite(value.get<double>()) && std::abs(value.get<double>()) <= limit;
 }
 
 Pixel pixel(const json& value, const Where& where, const std::string& field) {
     if (!value.is_array() || value.size() != 2 || !value[0].is_number() || !value[1].is_number())
         where.fail(field, "must be a pixel [x, y]");
+    if (!withinLimit(value[0], kPixelLimit) || !withinLimit(value[1], kPixelLimit))
+        where.fail(field, "must be a pixel [x, y] with x and y between -32767 and 32767");
     return {static_cast<int>(value[0].get<double>()), static_cast<int>(value[1].get<double>())};
 }
 
@@ -40,7 +65,19 @@ Vec3 vec3(const json& value, const Where& where, const std::string& field) {
     if (!value.is_array() || value.size() != 3) where.fail(field, "must be a point [x, y, z]");
     for (const auto& v : value)
         if (!v.is_number()) where.fail(field, "must be a point [x, y, z] of numbers");
+    for (const auto& v : value)
+        if (!withinLimit(v, kCoordinateLimit))
+            where.fail(field, "must be a point [x, y, z] with coordinates between -1e9 and 1e9");
     return {value[0].get<double>(), value[1].get<double>(), value[2].get<double>()};
+}
+
+// Refuses any field of `object` not among `known`: a misspelt field would otherwise be ignored and
+// the session run with a default the author did not mean.
+void onlyKnownFields(const json& object, std::initializer_list<const char*> known, const Where& where,
+                     const std::string& prefix = "") {
+    for (const auto& entry : object.items())
+        if (std::none_of(known.begin(), known.end(), [&](const char* name) { return entry.key() == name; }))
+            where.fail(prefix + entry.key(), "is not a known field");
 }
 
 std::string text(const json& value, const Where& where, const std::string& field) {
@@ -52,6 +89,7 @@ std::string text(const json& value, const Where& where, const std::string& field
 Place place(const json& value, const Where& where, const std::string& field) {
     if (!value.is_object()) return pixel(value, where, field);
     if (!value.contains("vertex")) where.fail(field, "must be a pixel [x, y] or {\"vertex\": id}");
+    onlyKnownFields(value, {"vertex", "mesh", "offset"}, where, field + ".");
     VertexPlace vertex;
     vertex.vertex = wholeNumber(value["vertex"], where, field + ".vertex");
     if (vertex.vertex < 0) where.fail(field + ".vertex", "must not be negative");
@@ -82,6 +120,7 @@ CameraPlacement camera(const json& value, const Where& where, const std::string&
     if (!value.is_object()) where.fail(field, "must be an object with \"eye\" and \"target\"");
     if (!value.contains("eye") || !value.contains("target"))
         where.fail(field, "needs \"eye\" and \"target\"");
+    onlyKnownFields(value, {"eye", "target", "fov"}, where, field + ".");
     CameraPlacement placement{vec3(value["eye"], where, field + ".eye"),
                               vec3(value["target"], where, field + ".target")};
     if (value.contains("fov")) {
@@ -106,6 +145,7 @@ Step optionVar(const json& value, const Where& where) {
     const auto entry = value.begin();
     const std::string name = entry.key();
     const json& v = entry.value();
+    if (v.is_number_integer() && !fitsInt(v)) where.fail("optionVar", "value is too large for an int");
     if (v.is_number_integer()) return SetOptionVar{name, v.get<int>()};
     if (v.is_number()) return SetOptionVar{name, v.get<double>()};
     if (v.is_string()) return SetOptionVar{name, v.get<std::string>()};
@@ -139,6 +179,29 @@ int repeatCount(const json& value, const Where& where, const std::string& field)
     return times;
 }
 
+std::string filePath(const json& value, const Where& where, const std::string& field) {
+    const std::string name = text(value, where, field);
+    if (name.empty()) where.fail(field, "must be a file path");
+    return name;
+}
+
+// A frame's name becomes part of its picture's file name in the output folder, so it may not lead out
+// of that folder.
+std::string frameName(const json& value, const Where& where) {
+    const std::string name = text(value, where, "frame");
+    if (name.find_first_of("/\\") != std::string::npos)
+        where.fail("frame", "must be a name without '/' or '\\'");
+    return name;
+}
+
+// The fields a step may have besides its action: the button and modifier keys of mouse gestures.
+void checkStepFields(const json& step, const std::string& action, const Where& where) {
+    if (action == "press" || action == "release" || action == "drag")
+        onlyKnownFields(step, {action.c_str(), "button", "shift", "ctrl"}, where);
+    else
+        onlyKnownFields(step, {action.c_str()}, where);
+}
+
 std::string actionOf(const json& step, const std::string& place) {
     if (!step.is_object()) throw SessionError(place + ": must be an object such as {\"press\": [x, y]}");
     std::string found;
@@ -159,6 +222,7 @@ Step parseStep(const json& step, size_t index) {
     const std::string stepName = "step " + std::to_string(index + 1);
     const std::string action = actionOf(step, stepName);
     const Where where(stepName + " (" + action + ")");
+    checkStepFields(step, action, where);
     const json& value = step[action];
     if (action == "press")
         return Press{place(value, where, action), button(step, where), modifiers(step, where)};
@@ -172,7 +236,9 @@ Step parseStep(const json& step, size_t index) {
     if (action == "select") return select(value, where);
     if (action == "undo") return Undo{repeatCount(value, where, action)};
     if (action == "redo") return Redo{repeatCount(value, where, action)};
-    if (action == "frame") return Frame{text(value, where, action)};
+    if (action == "frame") return Frame{frameName(value, where)};
+    if (action == "save") return SaveScene{filePath(value, where, action)};
+    if (action == "load") return LoadScene{filePath(value, where, action)};
     return camera(value, where, action);
 }
 
@@ -180,6 +246,7 @@ SourceMesh source(const json& value) {
     const Where where("session");
     SourceMesh mesh;
     if (!value.is_object()) where.fail("source", "must be an object with \"obj\" or \"procedural\"");
+    onlyKnownFields(value, {"obj", "procedural", "triangles"}, where, "source.");
     if (value.contains("obj")) mesh.objPath = text(value["obj"], where, "source.obj");
     if (value.contains("procedural")) {
         mesh.procedural = text(value["procedural"], where, "source.procedural");
@@ -207,11 +274,13 @@ Session parseSession(const std::string& jsonText) {
     }
     const Where where("session");
     if (!document.is_object()) throw SessionError("session: must be a JSON object with \"steps\"");
+    onlyKnownFields(document, {"source", "view", "camera", "steps"}, where);
     Session session;
     if (document.contains("source")) session.source = source(document["source"]);
     if (document.contains("view")) {
         const json& view = document["view"];
         if (!view.is_object()) where.fail("view", "must be {\"width\": w, \"height\": h}");
+        onlyKnownFields(view, {"width", "height"}, where, "view.");
         if (view.contains("width")) session.viewWidth = wholeNumber(view["width"], where, "view.width");
         if (view.contains("height")) session.viewHeight = wholeNumber(view["height"], where, "view.height");
         if (session.viewWidth < 16 || session.viewHeight < 16 || session.viewWidth > 8192 ||
@@ -231,7 +300,13 @@ Session loadSession(const std::string& path) {
     if (!file) throw SessionError("session: cannot read \"" + path + "\"");
     std::stringstream text;
     text << file.rdbuf();
-    return parseSession(text.str());
+    try {
+        return parseSession(text.str());
+    } catch (const SessionError& error) {
+        throw SessionError("\"" + path + "\" " + error.what());
+    }
 }
+
+const char* actionName(const Step& step) { return kActions[step.index()]; }
 
 }  // namespace kystrake

@@ -78,6 +78,14 @@ struct Redo {
 struct Frame {
     std::string name;
 };
+// Saves the scene to a host scene file, or replaces the scene with one, as File > Save and File >
+// Open do mid-session. A relative path is taken from the output folder.
+struct SaveScene {
+    std::string path;
+};
+struct LoadScene {
+    std::string path;
+};
 struct CameraPlacement {
     Vec3 eye;
     Vec3 target;
@@ -85,7 +93,10 @@ struct CameraPlacement {
 };
 
 using Step = std::variant<Press, Drag, Release, PointerMove, Key, Command, SetOptionVar, Select, Undo, Redo,
-                          Frame, CameraPlacement>;
+                          Frame, CameraPlacement, SaveScene, LoadScene>;
+
+// The name of a step's action in session files: "press", "drag", ... "save", "load".
+const char* actionName(const Step& step);
 
 // Where the dense source mesh comes from: an OBJ file, or a built-in procedural mesh.
 struct SourceMesh {
@@ -102,13 +113,16 @@ struct Session {
     std::vector<Step> steps;
 };
 
-// A session document that cannot be read; the message names the step and field at fault.
+// A session document that cannot be read; the message names the file, and the step and field at
+// fault (or the line and column of a JSON syntax error).
 class SessionError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// Parses a session from JSON text; throws SessionError.
+// Parses a session from JSON text; throws SessionError. Every field is checked: an unknown field, a
+// value of the wrong type, or a number out of its range (a pixel beyond the range of short, for
+// instance) is refused here rather than left to fail when its step runs.
 Session parseSession(const std::string& jsonText);
 // Reads and parses a session file; throws SessionError (also for a file that cannot be read).
 Session loadSession(const std::string& path);

@@ -11,6 +11,7 @@
 #include <mhost/Driver.h>
 #include <mhost/Frames.h>
 #include <mhost/Interaction.h>
+#include <mhost/SceneFile.h>
 
 #include <cstdio>
 
@@ -104,6 +105,18 @@ public:
         return driver::placeCamera(MPoint(s.eye[0], s.eye[1], s.eye[2]),
                                    MPoint(s.target[0], s.target[1], s.target[2]));
     }
+    MStatus operator()(const SaveScene& s) {
+        std::string error;
+        const MStatus status = driver::saveScene(scenePath(s.path, outDir_), &error);
+        if (!status) log_.note(error);
+        return status;
+    }
+    MStatus operator()(const LoadScene& s) {
+        std::string error;
+        const MStatus status = reopenScene(scenePath(s.path, outDir_), scene_, &error);
+        if (!status) log_.note(error);
+        return status;
+    }
     MStatus operator()(const Frame& s) {
         std::string error;
         MStatus status = driver::runFrame(&error);
@@ -165,12 +178,6 @@ private:
     int index_;
 };
 
-const char* stepName(const Step& step) {
-    static const char* const names[] = {"press",     "drag",   "release", "move", "key",   "command",
-                                        "optionVar", "select", "undo",    "redo", "frame", "camera"};
-    return names[step.index()];
-}
-
 }  // namespace
 
 PlaybackResult playSession(const Session& session, const SceneNames& scene, const std::string& outDir,
@@ -179,7 +186,7 @@ PlaybackResult playSession(const Session& session, const SceneNames& scene, cons
     log.checkTextChannels();
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const Step& step = session.steps[i];
-        log.beginStep("step " + std::to_string(i + 1) + " " + stepName(step));
+        log.beginStep("step " + std::to_string(i + 1) + " " + actionName(step));
         StepRunner run(scene, outDir, result, log, static_cast<int>(i));
         const MStatus status = std::visit(run, step);
         ++result.stepsRun;

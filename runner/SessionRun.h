@@ -18,7 +18,9 @@ struct RunSummary {
 
 // Runs the session with the plug-in module at `pluginPath`, writing into `outDir` (made when
 // missing). With `echoErrors` the captured error lines also reach the terminal as they happen.
-// Throws what loading the source and setting the scene up throw (ObjError, SetupError).
+// Throws what loading the source and setting the scene up throw (ObjError, SetupError), and
+// SessionError for a scene file a load step names that cannot be loaded; all three before anything
+// is written.
 RunSummary runSession(const Session& session, const std::string& outDir, const std::string& pluginPath,
                       bool echoErrors);
 

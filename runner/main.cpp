@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "runner/DemoSession.h"
+#include "runner/ObjFile.h"
 #include "runner/SessionRun.h"
 
 namespace {
@@ -47,11 +48,16 @@ int main(int argc, char** argv) {
     demo->add_option("--plugin", pluginPath, "kyStrake plug-in module to load");
 
     CLI11_PARSE(app, argc, argv);
+    // Bad input files (the session, the source mesh, a scene file the session loads) end with exit
+    // code 2, before anything is written; a failure of the run itself ends with 1.
     try {
         Session session = *run ? loadSession(sessionPath) : fullRoad ? fullRoadSession() : demoSession();
         if (!sourcePath.empty()) session.source.objPath = sourcePath;
         return runAndReport(session, outDir, pluginPath, verbose);
     } catch (const SessionError& error) {
+        std::cerr << "kystrake: " << error.what() << "\n";
+        return 2;
+    } catch (const ObjError& error) {
         std::cerr << "kystrake: " << error.what() << "\n";
         return 2;
     } catch (const std::exception& error) {

@@ -19,12 +19,16 @@
 #include <maya/MStringArray.h>
 #include <maya/MVectorArray.h>
 #include <mhost/Driver.h>
+#include <mhost/Interaction.h>
 #include <mhost/SceneFile.h>
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "interaction/ActiveView.h"
 #include "support/TestPlugin.h"
 
 namespace {
@@ -200,6 +204,83 @@ TEST_F(SceneFileRoundTrip, UnknownTypesAndBrokenFilesLeaveTheSceneAsItWas) {
     EXPECT_NE(std::string::npos, error.find("not JSON")) << error;
     EXPECT_FALSE(driver::loadScene(path_ + ".missing", &error));
     EXPECT_EQ("1", driver::runCommandForWords("objExists keeper").front());
+}
+
+// The camera the view looks through comes back with the scene.
+TEST_F(SceneFileRoundTrip, TheViewLooksThroughItsCameraAgain) {
+    ASSERT_TRUE(driver::placeCamera(MPoint(0, 0, 10), MPoint(0, 0, 0), "shotCam"));
+    ASSERT_TRUE(driver::placeCamera(MPoint(0, 5, 10), MPoint(0, 0, 0), "persp"));
+    ASSERT_TRUE(driver::setViewCamera("shotCam"));
+    ASSERT_TRUE(driver::saveScene(path_));
+    driver::resetScene();
+    ASSERT_FALSE(activeView().camera());
+    ASSERT_TRUE(driver::loadScene(path_));
+    ASSERT_TRUE(activeView().camera());
+    EXPECT_EQ("shotCamShape", activeView().camera()->name);
+}
+
+// Each corruption of a saved file is refused by the check and by the load alike, with a message that
+// names the file and the entry at fault, and the scene stays as it was.
+TEST_F(SceneFileRoundTrip, CorruptFilesAreRefusedNamingTheEntryAtFault) {
+    buildScene();
+    ASSERT_TRUE(driver::saveScene(path_));
+    nlohmann::json saved = nlohmann::json::parse(savedText());
+    driver::resetScene();
+    run("createNode transform -n keeper");
+    size_t vaultIndex = 0;
+    while (vaultIndex < saved["nodes"].size() && saved["nodes"][vaultIndex]["name"] != "vaultA") ++vaultIndex;
+    const std::string vaultEntry = "nodes[" + std::to_string(vaultIndex) + "]: ";
+    const auto nodeNamed = [](nlohmann::json& document, const std::string& name) -> nlohmann::json& {
+        for (auto& node : document["nodes"])
+            if (node["name"] == name) return node;
+        throw std::runtime_error("no node " + name);
+    };
+    const auto valueOf = [&](nlohmann::json& document, const std::string& attribute) -> nlohmann::json& {
+        for (auto& value : nodeNamed(document, "vaultA")["values"])
+            if (value["attribute"] == attribute) return value;
+        throw std::runtime_error("no value of " + attribute);
+    };
+    const std::vector<std::pair<std::function<void(nlohmann::json&)>, std::string>> corruptions = {
+        {[](nlohmann::json& d) { d["nodes"] = 7; }, "\"nodes\" must be a list"},
+        {[](nlohmann::json& d) { d["nodes"][1].erase("type"); }, "nodes[1]: "},
+        {[&](nlohmann::json& d) { nodeNamed(d, "top")["values"] = "none"; },
+         "node 'top': \"values\" must be a list"},
+        {[&](nlohmann::json& d) { valueOf(d, "weight")["numbers"] = "heavy"; }, vaultEntry},
+        {[&](nlohmann::json& d) { valueOf(d, "weight")["index"] = 2; },
+         "vaultA.weight has an index but is not an array element"},
+        {[&](nlohmann::json& d) { valueOf(d, "items")["index"] = -1; }, "vaultA.items has an index"},
+        {[&](nlohmann::json& d) { valueOf(d, "title")["data"] = valueOf(d, "ids")["data"]; },
+         "vaultA.title does not take data of type 'intArray'"},
+        {[&](nlohmann::json& d) {
+             valueOf(d, "points")["data"]["value"] = {1, 2};
+         },
+         vaultEntry},
+        {[](nlohmann::json& d) { d["connections"][0]["destination"]["node"] = "ghost"; },
+         "unknown node 'ghost'"},
+        {[](nlohmann::json& d) { d["optionVars"]["ky_uspan"]["value"] = "four"; },
+         "option variable 'ky_uspan'"},
+        {[](nlohmann::json& d) { d["viewCamera"] = "vaultB"; }, "the view's camera 'vaultB' is not a camera"},
+        {[](nlohmann::json& d) { d["version"] = 99; }, "not a scene file of this host"},
+    };
+    for (const auto& [corrupt, fragment] : corruptions) {
+        nlohmann::json document = saved;
+        corrupt(document);
+        std::ofstream(path_) << document.dump(1);
+        std::string checked, loaded;
+        EXPECT_FALSE(driver::checkSceneFile(path_, &checked)) << fragment;
+        EXPECT_FALSE(driver::loadScene(path_, &loaded)) << fragment;
+        EXPECT_EQ(checked, loaded);
+        EXPECT_EQ(0u, loaded.find(path_ + ": ")) << loaded;
+        EXPECT_NE(std::string::npos, loaded.find(fragment)) << loaded;
+        EXPECT_EQ("1", driver::runCommandForWords("objExists keeper").front()) << fragment;
+    }
+    std::ofstream(path_) << saved.dump(1).substr(0, 200);
+    std::string error;
+    EXPECT_FALSE(driver::checkSceneFile(path_, &error));
+    EXPECT_NE(std::string::npos, error.find("parse error at line")) << error;
+    std::ofstream(path_) << saved.dump(1);
+    EXPECT_TRUE(driver::checkSceneFile(path_, &error)) << error;
+    EXPECT_EQ("1", driver::runCommandForWords("objExists keeper").front()) << "a check loads nothing";
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #pragma once
 // Saving and loading scenes, for programs and tests driving the headless host. A scene file is JSON:
-// the nodes with their storable attribute values, the connections, the active selection and the
-// option variables.
+// the nodes with their storable attribute values, the connections, the active selection, the option
+// variables and the camera the view looks through.
 
 #include <maya/MStatus.h>
 
@@ -19,6 +19,11 @@ MStatus saveScene(const std::string& path, std::string* error = nullptr);
 // be loaded. kFailure, with `error` naming the problem (the first unknown node type, for instance),
 // when the file cannot be read or does not fit; the scene is then left as it was.
 MStatus loadScene(const std::string& path, std::string* error = nullptr);
+
+// Checks the file at `path` as loadScene does before it touches anything, without loading it; the
+// same kFailure and `error` for a file loadScene would refuse. Every error names the file, and the
+// line and column of a JSON syntax error or the entry at fault ("nodes[3]: ...").
+MStatus checkSceneFile(const std::string& path, std::string* error = nullptr);
 
 }  // namespace driver
 }  // namespace mhost

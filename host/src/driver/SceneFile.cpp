@@ -16,6 +16,22 @@ MStatus failure(std::string* error, const std::string& why) {
     return MS::kFailure;
 }
 
+// Reads the file at `path` and hands its document to `use`; every fault comes back as a failure
+// whose message starts with the file's name.
+template <typename Use>
+MStatus withDocument(const std::string& path, std::string* error, Use use) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return failure(error, "cannot read the scene file " + path);
+    try {
+        use(nlohmann::json::parse(file));
+    } catch (const nlohmann::json::exception& e) {
+        return failure(error, "the scene file " + path + " is not JSON: " + e.what());
+    } catch (const std::exception& e) {
+        return failure(error, path + ": " + e.what());
+    }
+    return MS::kSuccess;
+}
+
 }  // namespace
 
 MStatus saveScene(const std::string& path, std::string* error) {
@@ -30,17 +46,11 @@ MStatus saveScene(const std::string& path, std::string* error) {
 }
 
 MStatus loadScene(const std::string& path, std::string* error) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return failure(error, "cannot read the scene file " + path);
-    try {
-        nlohmann::json document = nlohmann::json::parse(file);
-        loadSceneFromJson(document);
-    } catch (const nlohmann::json::exception& e) {
-        return failure(error, "the scene file " + path + " is not JSON: " + e.what());
-    } catch (const std::exception& e) {
-        return failure(error, e.what());
-    }
-    return MS::kSuccess;
+    return withDocument(path, error, [](const nlohmann::json& document) { loadSceneFromJson(document); });
+}
+
+MStatus checkSceneFile(const std::string& path, std::string* error) {
+    return withDocument(path, error, [](const nlohmann::json& document) { checkSceneJson(document); });
 }
 
 }  // namespace driver

@@ -6,7 +6,8 @@
 //   "nodes": [{"name", "type", "uuid", "parent" (DAG nodes under a transform), "values": [{"attribute",
 //             "index" (array elements only), "numbers" (numeric attributes), "data": {"type", "value"}}]}],
 //   "connections": [{"source": plug, "destination": plug}] with plug = {"node", "attribute", "index"},
-//   "selection": [selection strings], "optionVars": {name: {"kind", "value"}}.
+//   "selection": [selection strings], "optionVars": {name: {"kind", "value"}},
+//   "viewCamera": the camera shape the view looks through (left out when it has none).
 // Nodes come parents first, so a reader can create them in order.
 
 namespace mhost {

@@ -9,6 +9,8 @@
 #include "commands/OptionVars.h"
 #include "commands/UndoQueue.h"
 #include "graph/Scene.h"
+#include "interaction/ActiveView.h"
+#include "interaction/CameraNode.h"
 #include "scenefile/DataSerializers.h"
 #include "scenefile/SceneFormat.h"
 
@@ -41,6 +43,7 @@ struct ScenePlan {
     std::vector<std::pair<PlannedPlug, PlannedPlug>> connections;
     std::vector<std::string> selection;
     std::map<std::string, CommandResult> optionVars;
+    std::string viewCamera;  // empty: the view keeps no camera
 };
 
 [[noreturn]] void fail(const std::string& what) { throw HostError("scene file: " + what); }
@@ -52,23 +55,43 @@ const Attribute* attributeOf(const NodeType& type, const std::string& nodeName, 
     return attribute;
 }
 
-DataPtr dataFromJson(const json& entry) {
+// The entries under `key`, which must be a list (iterating anything else would walk its members).
+const json& listAt(const json& document, const char* key, const std::string& where) {
+    const json& list = document.at(key);
+    if (!list.is_array()) fail(where + "\"" + key + "\" must be a list");
+    return list;
+}
+
+DataPtr dataFromJson(const json& entry, const Attribute& attribute, const std::string& plugName) {
     const std::string typeName = entry.at("type").get<std::string>();
     const DataSerializer* serializer = dataSerializers().findByName(typeName);
     if (!serializer) fail("unknown data type '" + typeName + "'");
+    if (!attribute.acceptsData(serializer->type))
+        fail(plugName + " does not take data of type '" + typeName + "'");
     return serializer->read(entry.at("value"));
+}
+
+// An element index, where given, must be a logical index of an array attribute (or of a child of one).
+PlugKey keyOf(const NodeType& type, const std::string& nodeName, const json& entry) {
+    PlugKey key;
+    key.attribute = attributeOf(type, nodeName, entry.at("attribute").get<std::string>());
+    key.index = entry.value("index", -1);
+    if (entry.contains("index") && (key.index < 0 || !key.attribute->arrayAncestor()))
+        fail(nodeName + "." + key.attribute->longName + " has an index but is not an array element");
+    return key;
 }
 
 PlannedValue planValue(const NodeType& type, const std::string& nodeName, const json& entry) {
     PlannedValue planned;
-    planned.key.attribute = attributeOf(type, nodeName, entry.at("attribute").get<std::string>());
-    planned.key.index = entry.value("index", -1);
+    planned.key = keyOf(type, nodeName, entry);
+    const std::string plugName = nodeName + "." + planned.key.attribute->longName;
     if (entry.contains("numbers")) {
         const auto numbers = entry.at("numbers").get<std::vector<double>>();
-        if (numbers.size() > planned.value.numbers.size()) fail("too many numbers for " + nodeName);
+        if (numbers.size() > planned.value.numbers.size()) fail("too many numbers for " + plugName);
         std::copy(numbers.begin(), numbers.end(), planned.value.numbers.begin());
     }
-    if (entry.contains("data")) planned.value.data = wrapData(dataFromJson(entry.at("data")));
+    if (entry.contains("data"))
+        planned.value.data = wrapData(dataFromJson(entry.at("data"), *planned.key.attribute, plugName));
     return planned;
 }
 
@@ -86,9 +109,22 @@ PlannedNode planNode(const json& entry, const std::set<std::string>& earlier) {
         fail("the node name '" + planned.name + "' is not unique");
     if (!planned.parent.empty() && !earlier.count(planned.parent))
         fail("the parent '" + planned.parent + "' of '" + planned.name + "' does not come before it");
-    for (const auto& value : entry.at("values"))
+    for (const auto& value : listAt(entry, "values", "node '" + planned.name + "': "))
         planned.values.push_back(planValue(*planned.type, planned.name, value));
     return planned;
+}
+
+// Reads one entry of a list, naming the entry in any fault of its own (a missing key, a wrong type, a
+// value the data serializer refuses).
+template <typename Read>
+auto planEntry(const char* list, size_t index, Read read) {
+    try {
+        return read();
+    } catch (const HostError&) {
+        throw;
+    } catch (const std::exception& e) {
+        fail(std::string(list) + "[" + std::to_string(index) + "]: " + e.what());
+    }
 }
 
 PlannedPlug planPlug(const json& entry, const std::map<std::string, NodeTypePtr>& types) {
@@ -96,9 +132,7 @@ PlannedPlug planPlug(const json& entry, const std::map<std::string, NodeTypePtr>
     planned.node = entry.at("node").get<std::string>();
     auto type = types.find(planned.node);
     if (type == types.end()) fail("a connection names the unknown node '" + planned.node + "'");
-    planned.key.attribute =
-        attributeOf(*type->second, planned.node, entry.at("attribute").get<std::string>());
-    planned.key.index = entry.value("index", -1);
+    planned.key = keyOf(*type->second, planned.node, entry);
     return planned;
 }
 
@@ -130,17 +164,31 @@ ScenePlan planScene(const json& document) {
     ScenePlan plan;
     std::set<std::string> names;
     std::map<std::string, NodeTypePtr> types;
-    for (const auto& entry : document.at("nodes")) {
-        plan.nodes.push_back(planNode(entry, names));
+    const json& nodes = listAt(document, "nodes", "");
+    for (size_t i = 0; i < nodes.size(); ++i) {
+        plan.nodes.push_back(planEntry("nodes", i, [&] { return planNode(nodes[i], names); }));
         names.insert(plan.nodes.back().name);
         types[plan.nodes.back().name] = plan.nodes.back().type;
     }
-    for (const auto& entry : document.at("connections"))
-        plan.connections.emplace_back(planPlug(entry.at("source"), types),
-                                      planPlug(entry.at("destination"), types));
+    const json& connections = listAt(document, "connections", "");
+    for (size_t i = 0; i < connections.size(); ++i)
+        plan.connections.push_back(planEntry("connections", i, [&] {
+            return std::make_pair(planPlug(connections[i].at("source"), types),
+                                  planPlug(connections[i].at("destination"), types));
+        }));
     plan.selection = document.at("selection").get<std::vector<std::string>>();
-    for (const auto& [name, entry] : document.at("optionVars").items())
-        plan.optionVars[name] = optionVarFromJson(entry);
+    if (!document.at("optionVars").is_object()) fail("\"optionVars\" must be an object");
+    for (const auto& item : document.at("optionVars").items()) {
+        try {
+            plan.optionVars[item.key()] = optionVarFromJson(item.value());
+        } catch (const json::exception& e) {
+            fail("option variable '" + item.key() + "': " + e.what());
+        }
+    }
+    plan.viewCamera = document.value("viewCamera", std::string());
+    if (!plan.viewCamera.empty() &&
+        (!types.count(plan.viewCamera) || types.at(plan.viewCamera)->apiType != MFn::kCamera))
+        fail("the view's camera '" + plan.viewCamera + "' is not a camera of the file");
     return plan;
 }
 
@@ -174,15 +222,20 @@ void buildSelection(const ScenePlan& plan) {
     scene().setActiveSelection(selection);
 }
 
-}  // namespace
-
-void loadSceneFromJson(const json& document) {
-    ScenePlan plan;
+ScenePlan checkedPlan(const json& document) {
     try {
-        plan = planScene(document);
+        return planScene(document);
     } catch (const json::exception& e) {
         fail(std::string("malformed document: ") + e.what());
     }
+}
+
+}  // namespace
+
+void checkSceneJson(const json& document) { checkedPlan(document); }
+
+void loadSceneFromJson(const json& document) {
+    const ScenePlan plan = checkedPlan(document);
     undoQueue().clear();
     scene().clear();
     std::map<std::string, NodePtr> made;
@@ -191,6 +244,7 @@ void loadSceneFromJson(const json& document) {
     buildSelection(plan);
     optionVars().clear();
     for (const auto& [name, value] : plan.optionVars) optionVars().set(name, value);
+    if (!plan.viewCamera.empty()) activeView().setCamera(made.at(plan.viewCamera));
 }
 
 }  // namespace mhost

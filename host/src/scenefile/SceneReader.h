@@ -12,4 +12,8 @@ namespace mhost {
 // the rebuild half way; that too throws HostError.
 void loadSceneFromJson(const nlohmann::json& document);
 
+// Checks the document as loadSceneFromJson does before it touches anything, and throws the same
+// HostError; the scene stays as it is either way.
+void checkSceneJson(const nlohmann::json& document);
+
 }  // namespace mhost

@@ -8,6 +8,7 @@
 #include "commands/OptionVars.h"
 #include "graph/DataObject.h"
 #include "graph/Scene.h"
+#include "interaction/ActiveView.h"
 #include "scenefile/DataSerializers.h"
 #include "scenefile/SceneFormat.h"
 
@@ -131,12 +132,16 @@ json sceneToJson() {
     json nodes = json::array();
     for (const auto& node : scene().nodes())
         if (!node->parent) appendWithChildren(node, nodes);
-    return {{"format", scenefile::kFormatName},
-            {"version", scenefile::kFormatVersion},
-            {"nodes", nodes},
-            {"connections", connectionsToJson()},
-            {"selection", selectionToJson()},
-            {"optionVars", optionVarsToJson()}};
+    json document = {{"format", scenefile::kFormatName},
+                     {"version", scenefile::kFormatVersion},
+                     {"nodes", nodes},
+                     {"connections", connectionsToJson()},
+                     {"selection", selectionToJson()},
+                     {"optionVars", optionVarsToJson()}};
+    // The view outlives the scene, but which camera it looks through belongs with the scene, as a
+    // Maya file keeps its panels' cameras.
+    if (NodePtr camera = activeView().camera()) document["viewCamera"] = camera->name;
+    return document;
 }
 
 }  // namespace mhost

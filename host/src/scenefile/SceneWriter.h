@@ -1,6 +1,6 @@
 #pragma once
 // Writes the scene to a JSON document: every node with its storable values, the connections, the
-// active selection and the option variables.
+// active selection, the option variables and the view's camera.
 
 #include <nlohmann/json_fwd.hpp>
 
