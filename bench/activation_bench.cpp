@@ -1,0 +1,133 @@
+// Tool activation on a 1,000,000-triangle source, beside one raw Embree build of the same triangles in
+// the same run. Activation builds the source's closest-point structure, reads every face's corner
+// normals and snaps nothing yet; each timed activation meets a source mesh made afresh, as when an
+// artist opens a scan. After the table, a summary line gives the ratios of wall and CPU time.
+
+#include <benchmark/benchmark.h>
+#include <maya/MEvent.h>
+#include <maya/MFnMesh.h>
+#include <maya/MIntArray.h>
+#include <maya/MPointArray.h>
+#include <mhost/Driver.h>
+
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "interaction/ContextState.h"
+#include "rawEmbree.h"
+#include "runner/SourceMeshes.h"
+#include "tool/kyStrake.h"
+
+namespace {
+
+namespace driver = mhost::driver;
+
+const kystrake::PolygonMesh& sourceMesh() {
+    static const kystrake::PolygonMesh mesh = kystrake::proceduralMesh("limb", 1000000);
+    return mesh;
+}
+
+// A new source shape from the arrays, connected to the scene's locator in place of the last one.
+void makeFreshSource() {
+    static std::string lastTransform;
+    if (!lastTransform.empty()) driver::runCommand("delete " + lastTransform);
+    const kystrake::PolygonMesh& mesh = sourceMesh();
+    MPointArray points;
+    for (const auto& p : mesh.points) points.append(MPoint(p[0], p[1], p[2]));
+    MIntArray counts, connects;
+    for (int count : mesh.polygonCounts) counts.append(count);
+    for (int id : mesh.polygonConnects) connects.append(id);
+    MFnMesh created;
+    created.create(points.length(), counts.length(), points, counts, connects);
+    lastTransform = created.name().asChar();
+    MDagPath shape;
+    MDagPath::getAPathTo(created.object(), shape);
+    shape.extendToShape();
+    driver::runCommand("connectAttr -f " + std::string(shape.partialPathName().asChar()) +
+                       ".outMesh kyStrake1.kyStrakeMesh");
+}
+
+void setUpOnce() {
+    static bool done = false;
+    if (done) return;
+    driver::resetScene();
+    std::string error;
+    if (!driver::loadPlugin(KY_PLUGIN_MODULE_PATH, &error)) std::fprintf(stderr, "%s\n", error.c_str());
+    driver::runCommand("createNode -n kyStrake1 kyStrake");
+    done = true;
+}
+
+void hostActivation(benchmark::State& state) {
+    setUpOnce();
+    for (auto _ : state) {
+        state.PauseTiming();
+        makeFreshSource();
+        auto context = std::make_unique<kyStrakeContext>();
+        mhost::ContextState::of(*context).contextCommand = "kyStrakeContext";
+        MEvent setup;
+        state.ResumeTiming();
+        context->toolOnSetup(setup);
+        state.PauseTiming();
+        context->toolOffCleanup();
+        context.reset();
+        state.ResumeTiming();
+    }
+}
+
+void rawEmbreeBuild(benchmark::State& state) {
+    const kystrake::PolygonMesh& mesh = sourceMesh();
+    std::vector<float> points;
+    for (const auto& p : mesh.points)
+        for (int k = 0; k < 3; ++k) points.push_back(static_cast<float>(p[k]));
+    std::vector<unsigned> triangles;
+    std::size_t corner = 0;
+    for (int count : mesh.polygonCounts) {
+        for (int k = 1; k + 1 < count; ++k)
+            for (int c : {0, k, k + 1}) triangles.push_back(mesh.polygonConnects[corner + c]);
+        corner += count;
+    }
+    // The first build starts Embree's threads; neither side pays for that.
+    kybench::RawTriangleScene warmUp(points, triangles);
+    for (auto _ : state) {
+        const kybench::RawTriangleScene scene(points, triangles);
+        benchmark::DoNotOptimize(scene.scene());
+    }
+}
+
+BENCHMARK(rawEmbreeBuild)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(hostActivation)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// Collects each benchmark's wall and CPU time per iteration to print the ratios after the table.
+class RatioReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs)
+            times_[run.benchmark_name()] = {run.GetAdjustedRealTime(), run.GetAdjustedCPUTime()};
+        ConsoleReporter::ReportRuns(runs);
+    }
+    void Finalize() override {
+        ConsoleReporter::Finalize();
+        const auto host = times_["hostActivation/iterations:3"], raw = times_["rawEmbreeBuild/iterations:3"];
+        if (raw.first > 0 && raw.second > 0)
+            std::printf("activation on 1,000,000 triangles: wall %.1f ms, CPU %.1f ms; raw Embree build: wall %.1f "
+                        "ms, CPU %.1f ms; ratio wall %.2fx, CPU %.2fx\n",
+                        host.first, host.second, raw.first, raw.second, host.first / raw.first,
+                        host.second / raw.second);
+    }
+
+private:
+    std::map<std::string, std::pair<double, double>> times_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return 0;
+}
