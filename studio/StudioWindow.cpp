@@ -27,7 +27,9 @@ StudioWindow::StudioWindow(const Session& start, const std::string& pluginPath)
     setCentralWidget(central);
     connect(viewport_, &ViewportWidget::stepPerformed, panel_, &StudioPanel::showToolTexts);
     buildMenu();
-    for (const Step& step : start.steps) viewport_->perform(step);
+    // Pictures are the runner's business; the window shows every step anyway.
+    for (const Step& step : start.steps)
+        if (!std::holds_alternative<Frame>(step)) viewport_->perform(step);
     viewport_->setFocus();
 }
 
