@@ -177,6 +177,7 @@ void ViewportWidget::paintGL() {
     painter.end();
     glFinish();
     frameMs_ = millisecondsSince(start);
+    ++paints_;
 }
 
 Pixel ViewportWidget::viewPixel(const QPoint& position) const {
@@ -193,7 +194,11 @@ void ViewportWidget::tumbleAndRepaint(int dx) {
     mhost::driver::setUserChangingView(true);
     camera_.tumble(dx, 0);
     placeHostCamera();
-    repaint();
+    // Painted here and now into the widget's framebuffer: repaint() only schedules a GL widget.
+    makeCurrent();
+    paintGL();
+    doneCurrent();
+    update();
     mhost::driver::setUserChangingView(false);
 }
 

@@ -32,6 +32,8 @@ public:
     // its primitives: the tool's own drawing.
     double lastFrameMilliseconds() const { return frameMs_; }
     double lastToolDrawingMilliseconds() const { return toolMs_; }
+    // How many times the view has painted.
+    int paintCount() const { return paints_; }
     // Tumbles the camera by `dx` pixels and repaints at once, for measuring orbit frame times.
     void tumbleAndRepaint(int dx);
 
@@ -69,6 +71,7 @@ private:
     QPoint lastPosition_;
     double frameMs_ = 0.0;
     double toolMs_ = 0.0;
+    int paints_ = 0;
 };
 
 }  // namespace kystrake
