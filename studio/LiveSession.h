@@ -31,7 +31,6 @@ public:
     // Replaces the scene with a saved one. What follows can no longer be replayed from the source
     // alone, so recording stops. On failure `error` says why and the scene stays.
     bool loadScene(const std::string& path, std::string& error);
-    bool isRecording() const { return recording_; }
     // Whether a step is being run; changes the tool makes to the panel then are not the artist's.
     bool isPerforming() const { return performing_; }
 

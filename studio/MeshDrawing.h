@@ -23,7 +23,6 @@ public:
     void load(const std::string& shapeName);
     // Draws the triangles with the fixed-function lighting the caller set up.
     void draw();
-    size_t triangleCount() const { return indexCount_ / 3; }
 
 private:
     void release();

@@ -17,8 +17,8 @@ class StudioWindow : public QMainWindow {
     Q_OBJECT
 public:
     // Sets the scene up from the session's source, view and camera; its steps (but its frames) are
-    // then run as the artist's, so the recording goes on from where the session ended. Throws what setting the scene
-    // up throws.
+    // then run as the artist's, so the recording goes on from where the session ended. Throws what setting
+    // the scene up throws.
     StudioWindow(const Session& start, const std::string& pluginPath);
     ~StudioWindow() override;
 

@@ -6,17 +6,17 @@
 #include <maya/MFnCamera.h>
 #include <maya/MGlobal.h>
 #include <maya/MMatrix.h>
+#include <maya/MUIDrawManager.h>
 #include <mhost/Frames.h>
 #include <mhost/Interaction.h>
 
+#include <QtGui/QFontMetrics>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <algorithm>
 #include <cmath>
 #include <sstream>
-
-#include "studio/PrimitiveDrawing.h"
 
 namespace kystrake {
 namespace {
@@ -169,15 +169,24 @@ void ViewportWidget::paintGL() {
     glFinish();
     toolMs_ = millisecondsSince(toolStart);
 
-    QPainter painter(this);
-    for (const ViewText& text : texts) {
-        painter.setPen(text.color);
-        painter.drawText(QPointF(text.pixel.x(), height() - 1 - text.pixel.y()), text.text);
-    }
-    painter.end();
+    paintTexts(texts);
     glFinish();
     frameMs_ = millisecondsSince(start);
     ++paints_;
+}
+
+// Texts go over the GL picture, placed at their pixel as the draw manager aligns them.
+void ViewportWidget::paintTexts(const std::vector<ViewText>& texts) {
+    QPainter painter(this);
+    const QFontMetrics metrics = painter.fontMetrics();
+    for (const ViewText& text : texts) {
+        const int width = metrics.horizontalAdvance(text.text);
+        const double shift = text.alignment == MHWRender::MUIDrawManager::kCenter  ? width / 2.0
+                             : text.alignment == MHWRender::MUIDrawManager::kRight ? width
+                                                                                   : 0.0;
+        painter.setPen(text.color);
+        painter.drawText(QPointF(text.pixel.x() - shift, height() - 1 - text.pixel.y()), text.text);
+    }
 }
 
 Pixel ViewportWidget::viewPixel(const QPoint& position) const {

@@ -13,6 +13,7 @@
 #include "studio/LiveSession.h"
 #include "studio/MeshDrawing.h"
 #include "studio/OrbitCamera.h"
+#include "studio/PrimitiveDrawing.h"
 
 namespace kystrake {
 
@@ -57,6 +58,7 @@ private:
     void loadCameraMatrices();
     void placeHostCamera();
     void adjustBrush(int dx);
+    void paintTexts(const std::vector<ViewText>& texts);
 
     LiveSession* session_;
     OrbitCamera camera_;
