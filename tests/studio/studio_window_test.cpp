@@ -9,6 +9,7 @@
 #include <QtCore/QProcess>
 #include <QtGui/QImage>
 #include <QtTest/QTest>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSlider>
@@ -18,6 +19,7 @@
 #include <sstream>
 
 #include "runner/ObjFile.h"
+#include "runner/SourceMeshes.h"
 #include "studio/SessionWriter.h"
 #include "studio/StudioWindow.h"
 #include "studio/ViewportWidget.h"
@@ -79,7 +81,20 @@ protected:
         window->findChild<QSpinBox*>("vSpanSpin")->setValue(3);
         drag(380, 480, 362, Qt::LeftButton, Qt::ShiftModifier);
         drag(380, 480, 302, Qt::LeftButton, Qt::ShiftModifier);
+        // The rings are drawn as yellow feedback strokes before ENTER turns them into the tube.
+        window->grab().save(QString::fromStdString(outDir + "/studio.png"));
+        ringFeedbackPixels = countPixels(viewport->grabFramebuffer(), [](const QColor& c) {
+            return c.red() > 150 && c.green() > 150 && c.blue() < 80;
+        });
         QTest::keyClick(viewport, Qt::Key_Return);
+    }
+
+    template <typename Test>
+    static int countPixels(const QImage& image, Test test) {
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) count += test(image.pixelColor(x, y));
+        return count;
     }
 
     // The retopo mesh as the studio exports it; empty when there is none.
@@ -89,6 +104,7 @@ protected:
     }
 
     std::string outDir;
+    int ringFeedbackPixels = 0;
     std::unique_ptr<StudioWindow> window;
     ViewportWidget* viewport = nullptr;
 };
@@ -102,17 +118,10 @@ TEST_F(StudioWindowTest, SlicedRingsAndEnterMakeATubeAndKeysReachTheUndoQueue) {
         std::all_of(tube.polygonCounts.begin(), tube.polygonCounts.end(), [](int n) { return n == 4; }));
 
     // The picture shows the shaded limb in the middle over the grey background, and the wireframe.
-    const QImage shot = window->grab().toImage();
-    shot.save(QString::fromStdString(outDir + "/studio.png"));
     const QImage view = viewport->grabFramebuffer();
     EXPECT_NE(view.pixelColor(480, 320), view.pixelColor(5, 5));
-    int wirePixels = 0;
-    for (int y = 0; y < view.height(); ++y)
-        for (int x = 0; x < view.width(); ++x) {
-            const QColor c = view.pixelColor(x, y);
-            wirePixels += c.blue() > c.red() + 60;
-        }
-    EXPECT_GT(wirePixels, 100);
+    EXPECT_GT(countPixels(view, [](const QColor& c) { return c.blue() > c.red() + 60; }), 100);
+    EXPECT_GT(ringFeedbackPixels, 50);
 
     // The keys reach the host's undo queue: the tube goes, and the redo is asked for in turn.
     QTest::keyClick(viewport, Qt::Key_Z, Qt::ControlModifier);
@@ -126,7 +135,11 @@ TEST_F(StudioWindowTest, SlicedRingsAndEnterMakeATubeAndKeysReachTheUndoQueue) {
 
 // An Alt-drag moves the camera before the strokes; the recording must hold where it came to rest, or
 // the replayed strokes would land elsewhere on the limb.
+// The pinch lock is off, so the tool reads the slider here, while the replay, which has no such
+// slider, reads the locator's pinch: both must agree.
 TEST_F(StudioWindowTest, RecordedSessionReplaysToTheSameRetopo) {
+    window->findChild<QCheckBox*>("lockedPinchChk")->setChecked(false);
+    window->findChild<QSlider*>("pinchSlid")->setValue(30);
     drag(480, 492, 200, Qt::LeftButton, Qt::AltModifier);
     drag(480, 496, 100, Qt::RightButton, Qt::AltModifier);
     ringTheLimbAndConfirm();
@@ -186,6 +199,20 @@ TEST_F(StudioWindowTest, HeldBrushKeyChangesTheRadiusInsteadOfDrawing) {
     }
     drag(380, 480, 362, Qt::LeftButton, Qt::ShiftModifier);
     EXPECT_TRUE(std::holds_alternative<Release>(window->session().session().steps.back()));
+}
+
+// Opening an OBJ source starts a new scene and a new recording on it.
+TEST_F(StudioWindowTest, OpeningAnObjSourceStartsANewRecording) {
+    drag(380, 480, 362, Qt::LeftButton, Qt::ShiftModifier);
+    ASSERT_FALSE(window->session().session().steps.empty());
+    const std::string path = outDir + "/torus.obj";
+    writeObj(proceduralMesh("torus", 2000), path);
+    window->openSource(path);
+    EXPECT_TRUE(window->session().session().steps.empty());
+    EXPECT_EQ(window->session().session().source.objPath, path);
+    EXPECT_EQ(window->session().sourcePolygons(), readObj(path).polygonCounts.size());
+    EXPECT_EQ(mhost::driver::currentTool(), "kyStrakeContext1");
+    EXPECT_FALSE(window->exportRetopo(outDir + "/none.obj"));
 }
 
 }  // namespace
