@@ -62,6 +62,9 @@ int main(int argc, char** argv) {
     demo->add_option("--out", outDir, "output folder for frames, log and mesh");
     demo->add_option("--plugin", pluginPath, "kyStrake plug-in module to load");
 
+    // Listed for --help only: "studio" is handed to kystrake-studio before the parse.
+    app.add_subcommand("studio", "the tool live in a window (kystrake-studio; its --help lists its options)");
+
     CLI11_PARSE(app, argc, argv);
     try {
         Session session = *run ? loadSession(sessionPath) : fullRoad ? fullRoadSession() : demoSession();

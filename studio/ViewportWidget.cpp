@@ -52,6 +52,8 @@ const BrushProperty kBrushProperties[] = {
     {Qt::Key_M, "ky_strakeTweakR", 1.0, 500.0, "-rmi", true},
 };
 constexpr double kBrushStepPerPixel = 0.5;
+// What the tool reads for each of the three options while it is unset (or 0).
+constexpr double kBrushOptionDefault = 50.0;
 
 const BrushProperty* brushProperty(int key) {
     for (const BrushProperty& property : kBrushProperties)
@@ -212,6 +214,8 @@ void ViewportWidget::tumbleAndRepaint(int dx) {
 }
 
 void ViewportWidget::mousePressEvent(QMouseEvent* event) {
+    // A second button pressed during a gesture or a camera move is not a gesture of its own.
+    if (gestureButton_ || cameraMove_ != CameraMove::kNone) return;
     lastPosition_ = event->pos();
     if (event->modifiers().testFlag(Qt::AltModifier)) {
         cameraMove_ = event->button() == Qt::LeftButton     ? CameraMove::kTumble
@@ -278,8 +282,8 @@ void ViewportWidget::adjustBrush(int dx) {
     if (!property || dx == 0) return;
     const double current = property->isInteger ? MGlobal::optionVarIntValue(property->optionVar)
                                                : MGlobal::optionVarDoubleValue(property->optionVar);
-    double value =
-        std::clamp((current > 0 ? current : 50.0) + dx * kBrushStepPerPixel, property->low, property->high);
+    double value = std::clamp((current > 0 ? current : kBrushOptionDefault) + dx * kBrushStepPerPixel,
+                              property->low, property->high);
     if (property->isInteger) {
         value = std::round(value);
         perform(SetOptionVar{property->optionVar, int(value)});
