@@ -1,7 +1,11 @@
 // kystrake: replays gesture sessions of the kyStrake tool on the headless host and writes the retopo
 // mesh, pictures of the viewport and a log of the tool's texts and errors.
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
+#include <cstring>
+#include <filesystem>
 #include <iostream>
 
 #include "runner/DemoSession.h"
@@ -25,9 +29,21 @@ int runAndReport(const Session& session, const std::string& outDir, const std::s
     return 0;
 }
 
+// `kystrake studio ...` is the studio program, kept out of the runner so that replaying sessions needs
+// no window system: the arguments after "studio" go to kystrake-studio beside this program.
+int runStudio(char** argv) {
+    const std::string studio =
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "kystrake-studio").string();
+    argv[1] = const_cast<char*>(studio.c_str());
+    execv(studio.c_str(), argv + 1);
+    std::cerr << "kystrake: cannot start " << studio << ": " << std::strerror(errno) << "\n";
+    return 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc > 1 && std::string(argv[1]) == "studio") return runStudio(argv);
     CLI::App app{"kystrake: replay kyStrake retopology sessions on the headless Maya host"};
     app.require_subcommand(1);
     std::string outDir = "kystrake-out", pluginPath = KY_PLUGIN_MODULE_PATH, sessionPath, sourcePath;
@@ -46,6 +62,9 @@ int main(int argc, char** argv) {
                    "walk the whole road: patches, anchors, a strake, a bridge, a merge, keys, undo and redo");
     demo->add_option("--out", outDir, "output folder for frames, log and mesh");
     demo->add_option("--plugin", pluginPath, "kyStrake plug-in module to load");
+
+    // Listed for --help only: "studio" is handed to kystrake-studio before the parse.
+    app.add_subcommand("studio", "the tool live in a window (kystrake-studio; its --help lists its options)");
 
     CLI11_PARSE(app, argc, argv);
     // Bad input files (the session, the source mesh, a scene file the session loads) end with exit
