@@ -85,6 +85,23 @@ TEST_F(MeshApiHistory, DeletingAnObjectTakesTheHistoryThatFeedsOnlyIt) {
     EXPECT_EQ("1", commandResult("objExists shared"));
 }
 
+// As after a first patch: the shape's history starts at an intermediate "Orig" shape under the same
+// transform. Deleting the transform takes that shape with its children, not a second time as history.
+TEST_F(MeshApiHistory, DeletingATransformTakesItsOrigShapeOnceAndUndoBringsAllBack) {
+    ASSERT_TRUE(runCommand(
+        "createNode mesh -n dstShapeOrig -p dst; setAttr dstShapeOrig.intermediateObject 1;"
+        "connectAttr srcShape.outMesh dstShapeOrig.inMesh; createNode polyTweak -n edits;"
+        "connectAttr dstShapeOrig.outMesh edits.inputPolymesh; connectAttr edits.output dstShape.inMesh"));
+    EXPECT_EQ(8, MFnMesh(pathTo("dstShape")).numVertices());
+    ASSERT_TRUE(runCommand("delete dst"));
+    for (const char* gone : {"dst", "dstShape", "dstShapeOrig", "edits"})
+        EXPECT_EQ("0", commandResult(std::string("objExists ") + gone)) << gone;
+    ASSERT_TRUE(runCommand("undo"));
+    for (const char* back : {"dst", "dstShape", "dstShapeOrig", "edits"})
+        EXPECT_EQ("1", commandResult(std::string("objExists ") + back)) << back;
+    EXPECT_EQ(8, MFnMesh(pathTo("dstShape")).numVertices());
+}
+
 TEST_F(MeshApiHistory, HistoryThatFeedsAnotherObjectSurvivesTheDelete) {
     ASSERT_TRUE(runCommand(
         "createNode polyTweak -n shared; createNode transform -n other; createNode mesh -n otherShape -p "

@@ -154,12 +154,15 @@ private:
     void deleteWithHistory(const NodePtr& node) {
         modifier_.deleteNode(wrapNode(node));
         if (!node->type->isDag) return;
-        std::set<Node*> doomed;
-        collectSubtree(node.get(), doomed);
+        std::set<Node*> subtree;
+        collectSubtree(node.get(), subtree);
         std::set<Node*> history;
-        for (Node* member : doomed)
+        for (Node* member : subtree)
             for (const auto& c : scene().connectionsOf(*member))
                 if (c.destination.node.get() == member) collectHistory(c.source.node, history);
+        // An intermediate shape under the deleted transform goes with it already.
+        for (Node* member : subtree) history.erase(member);
+        std::set<Node*> doomed = subtree;
         doomed.insert(history.begin(), history.end());
         // A history node that feeds a survivor survives, and so then does its own history.
         for (bool changed = true; changed;) {
