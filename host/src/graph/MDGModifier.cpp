@@ -5,6 +5,8 @@
 #include <maya/MDGModifier.h>
 #include <maya/MFnDependencyNode.h>
 
+#include <algorithm>
+
 #include "commands/UndoCapture.h"
 #include "graph/ApiBridge.h"
 
@@ -69,13 +71,31 @@ MObject MDGModifier::createNode(const MString& type, MStatus* ReturnStatus) {
     return queueCreation(type, MObject(), ReturnStatus);
 }
 
+namespace {
+
+// A DAG node goes with its children, and so do their connections: undo must bring back all of them.
+std::vector<mhost::Connection> connectionsOfSubtree(const mhost::Node& node) {
+    std::vector<mhost::Connection> found = mhost::scene().connectionsOf(node);
+    for (const auto& child : node.children) {
+        for (const mhost::Connection& c : connectionsOfSubtree(*child)) {
+            const bool known = std::any_of(found.begin(), found.end(), [&](const mhost::Connection& k) {
+                return k.source == c.source && k.destination == c.destination;
+            });
+            if (!known) found.push_back(c);
+        }
+    }
+    return found;
+}
+
+}  // namespace
+
 MStatus MDGModifier::deleteNode(const MObject& node) {
     NodePtr host = mhost::nodeOf(node);
     if (!host) return MS::kInvalidParameter;
     auto connections = std::make_shared<std::vector<mhost::Connection>>();
     return queue({[host, connections] {
                       if (!host->alive) return MStatus(MS::kInvalidParameter);
-                      *connections = mhost::scene().connectionsOf(*host);
+                      *connections = connectionsOfSubtree(*host);
                       mhost::scene().deleteNode(host);
                       return MStatus(MS::kSuccess);
                   },
