@@ -266,6 +266,25 @@ TEST(MeshNormals, HardEdgeSplitsFaceVertexNormals) {
     EXPECT_THROW(mesh.setEdgeSmooth(mesh.numEdges(), true), std::out_of_range);
 }
 
+// Two triangles meeting only at vertex 0, in the XY and XZ planes, all edges smooth: no edge joins
+// their corners at that vertex, so each keeps its own face's normal there, while the vertex normal
+// blends both. Unsplit vertices share the vertex normal to the bit.
+TEST(MeshNormals, APinchedVertexKeepsOneNormalPerFanAndOthersTakeTheVertexNormal) {
+    const MeshTopology pinched({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}, {3, 3},
+                               {0, 1, 2, 0, 3, 4});
+    const auto& corners = pinched.faceVertexNormals();
+    expectNear({0, 0, 1}, corners[0]);
+    expectNear({0, 1, 0}, corners[3]);
+    expectNear(Vec3(0, 1, 1) * (1 / std::sqrt(2.0)), pinched.vertexNormals(true)[0]);
+    EXPECT_EQ(pinched.vertexNormals(true)[1], corners[1]);
+    EXPECT_EQ(pinched.vertexNormals(true)[4], corners[5]);
+
+    MeshTopology sphere = mhost::makeUvSphere(1.0, 10, 6);
+    sphere.setPoint(3, sphere.point(3) * 1.2f);
+    for (int corner = 0; corner < sphere.numFaceVertices(); ++corner)
+        EXPECT_EQ(sphere.vertexNormals(true)[sphere.faces().items[corner]], sphere.faceVertexNormals()[corner]);
+}
+
 TEST(MeshNormals, CachedResultsFollowPointEdits) {
     MeshTopology mesh = unitSquare();
     expectNear({0, 1, 0}, mesh.faceNormals()[0]);

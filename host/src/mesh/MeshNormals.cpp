@@ -128,19 +128,43 @@ void updateVertexNormals(const MeshTopology& mesh, const std::vector<Vec3>& face
     }
 }
 
+// Whether each vertex's corners fall into more than one smooth group (a hard edge or a pinched fan).
+std::vector<char> splitVertices(const MeshTopology& mesh, CornerGroups& groups) {
+    std::vector<int> firstRoot(mesh.numVertices(), -1);
+    std::vector<char> split(mesh.numVertices(), 0);
+    const std::vector<int>& vertexOf = mesh.faces().items;
+    for (int corner = 0; corner < mesh.numFaceVertices(); ++corner) {
+        int& first = firstRoot[vertexOf[corner]];
+        const int root = groups.root(corner);
+        if (first == -1) first = root;
+        split[vertexOf[corner]] |= first != root;
+    }
+    return split;
+}
+
+// Where all of a vertex's corners share one group, the group's sum is the vertex's own angle-weighted
+// sum, taken in the same face order: the cached vertex normal is used, to the same bits. Only split
+// vertices need their corners' angles summed group by group.
 std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh) {
     const std::vector<Vec3>& faceNormals = mesh.faceNormals();
+    const std::vector<Vec3>& vertexNormals = mesh.vertexNormals(true);
     CornerGroups groups = smoothCornerGroups(mesh);
-    std::vector<Vec3> sums(mesh.numFaceVertices());
-    forEachCorner(mesh, [&](int face, int corner, int, double angle) {
-        sums[groups.root(corner)] += faceNormals[face] * angle;
-    });
-    // The second pass needs no angles: it walks the corners face by face directly.
-    std::vector<Vec3> normals(mesh.numFaceVertices());
+    const std::vector<char> split = splitVertices(mesh, groups);
     const std::vector<int>& offsets = mesh.faces().offsets;
+    const std::vector<int>& vertexOf = mesh.faces().items;
+
+    std::vector<Vec3> sums(mesh.numFaceVertices());
+    for (int f = 0; f < mesh.numFaces(); ++f) {
+        const IndexRange corners = mesh.faceVertices(f);
+        for (int k = 0; k < corners.size(); ++k)
+            if (split[corners[k]])
+                sums[groups.root(offsets[f] + k)] += faceNormals[f] * cornerAngle(mesh.rawPoints(), corners, k);
+    }
+    std::vector<Vec3> normals(mesh.numFaceVertices());
     for (int f = 0; f < mesh.numFaces(); ++f) {
         for (int corner = offsets[f]; corner < offsets[f + 1]; ++corner) {
-            const Vec3 n = normalized(sums[groups.root(corner)]);
+            const int vertex = vertexOf[corner];
+            const Vec3 n = split[vertex] ? normalized(sums[groups.root(corner)]) : vertexNormals[vertex];
             normals[corner] = lengthSquared(n) > 0 ? n : faceNormals[f];
         }
     }
