@@ -1,5 +1,6 @@
 #include "mesh/MeshNormals.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 
@@ -153,19 +154,23 @@ std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh) {
     const std::vector<int>& offsets = mesh.faces().offsets;
     const std::vector<int>& vertexOf = mesh.faces().items;
 
-    std::vector<Vec3> sums(mesh.numFaceVertices());
-    for (int f = 0; f < mesh.numFaces(); ++f) {
+    // A dense scan has millions of corners and seldom a split vertex: the group sums, one per corner,
+    // are only made when needed, and the result is filled as it is written.
+    const bool anySplit = std::find(split.begin(), split.end(), 1) != split.end();
+    std::vector<Vec3> sums(anySplit ? mesh.numFaceVertices() : 0);
+    for (int f = 0; anySplit && f < mesh.numFaces(); ++f) {
         const IndexRange corners = mesh.faceVertices(f);
         for (int k = 0; k < corners.size(); ++k)
             if (split[corners[k]])
                 sums[groups.root(offsets[f] + k)] += faceNormals[f] * cornerAngle(mesh.rawPoints(), corners, k);
     }
-    std::vector<Vec3> normals(mesh.numFaceVertices());
+    std::vector<Vec3> normals;
+    normals.reserve(mesh.numFaceVertices());
     for (int f = 0; f < mesh.numFaces(); ++f) {
         for (int corner = offsets[f]; corner < offsets[f + 1]; ++corner) {
             const int vertex = vertexOf[corner];
             const Vec3 n = split[vertex] ? normalized(sums[groups.root(corner)]) : vertexNormals[vertex];
-            normals[corner] = lengthSquared(n) > 0 ? n : faceNormals[f];
+            normals.push_back(lengthSquared(n) > 0 ? n : faceNormals[f]);
         }
     }
     return normals;
