@@ -106,10 +106,12 @@ TEST(ArrayIterators, ConstIteratorsHandOutReferencesIntoTheArray) {
     static_assert(std::is_same<decltype(*it), const int&>::value, "a const element reference");
     static_assert(std::is_same<decltype(++it), const MIntArray::ConstIterator&>::value,
                   "steps return the iterator");
-    EXPECT_EQ(&view[0], &*it);
+    EXPECT_EQ(&values[0], &*it);
     EXPECT_EQ(&++it, &it) << "the step returns the same iterator";
-    EXPECT_EQ(&view[1], &*it);
-    EXPECT_TRUE(++it == view.end());
+    EXPECT_EQ(&values[1], &*it);
+    ++it;
+    MIntArray::ConstIterator end = view.end();
+    EXPECT_TRUE(it == end);
     --it;
     EXPECT_EQ(5, *it);
 
