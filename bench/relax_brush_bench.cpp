@@ -109,7 +109,7 @@ struct BrushScene {
     static MEvent eventAtCentre() {
         short x = 0, y = 0;
         M3dView::active3dView().worldToView(brushCentre(), x, y);
-        return MEvent(x, y, MEvent::kMiddleMouse, MEvent::shiftKey | MEvent::controlKey);
+        return mhost::makeEvent(x, y, MEvent::kMiddleMouse, MEvent::shiftKey | MEvent::controlKey);
     }
 };
 

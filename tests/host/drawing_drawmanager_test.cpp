@@ -4,6 +4,7 @@
 #include <maya/MUintArray.h>
 
 #include "drawing/DisplayList.h"
+#include "drawing/DrawRecorder.h"
 
 namespace {
 
@@ -24,7 +25,8 @@ MPointArray pointsOf(std::initializer_list<MPoint> points) {
 
 TEST(DrawManager, RecordsCallsInOrderWithTheStateTheyLeave) {
     mhost::DisplayList list;
-    MUIDrawManager manager(list);
+    mhost::DrawRecorder recorder(list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     manager.beginDrawable();
     manager.setColor(MColor(1, 0, 0));
     manager.setLineWidth(2.5f);
@@ -58,7 +60,8 @@ TEST(DrawManager, RecordsCallsInOrderWithTheStateTheyLeave) {
 
 TEST(DrawManager, BeginAndEndResetTheStateAndXrayMarksItsPrimitives) {
     mhost::DisplayList list;
-    MUIDrawManager manager(list);
+    mhost::DrawRecorder recorder(list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     manager.setColor(MColor(0, 1, 0));
     manager.point(MPoint(1, 2, 3));  // outside any drawable: drawn with the state set so far
     manager.beginDrawInXray();
@@ -89,7 +92,8 @@ TEST(DrawManager, BeginAndEndResetTheStateAndXrayMarksItsPrimitives) {
 
 TEST(DrawManager, RefusesLineListsOfOddCountsAndEmptyPointSets) {
     mhost::DisplayList list;
-    MUIDrawManager manager(list);
+    mhost::DrawRecorder recorder(list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     const MPointArray three = pointsOf({MPoint(0, 0), MPoint(1, 0), MPoint(2, 0)});
     EXPECT_EQ(MS::kInvalidParameter, manager.lineList(three, false).statusCode());
     EXPECT_EQ(MS::kInvalidParameter, manager.lineStrip(pointsOf({MPoint(0, 0)}), true).statusCode());
@@ -104,7 +108,8 @@ TEST(DrawManager, RefusesLineListsOfOddCountsAndEmptyPointSets) {
 
 TEST(DrawManager, RecordsMeshIndicesAndColours) {
     mhost::DisplayList list;
-    MUIDrawManager manager(list);
+    mhost::DrawRecorder recorder(list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     const MPointArray corners = pointsOf({MPoint(0, 0), MPoint(10, 0), MPoint(0, 10)});
     MUintArray indices;
     for (unsigned int i : {2u, 1u, 0u}) indices.append(i);

@@ -10,6 +10,7 @@
 
 #include <QColor>
 
+#include "drawing/DrawRecorder.h"
 #include "drawing/FramePicture.h"
 #include "interaction/ActiveView.h"
 #include "mesh/ProceduralMeshes.h"
@@ -85,7 +86,8 @@ void drawSampler(MUIDrawManager& manager) {
 
 TEST_F(FramePicture, ShowsTheSourceShadedUnderTheFramesPrimitives) {
     DisplayList list;
-    MUIDrawManager manager(list);
+    mhost::DrawRecorder recorder(list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     drawSampler(manager);
     const QImage image = renderFrame(frameWith(list), meshes_);
     ASSERT_TRUE(image.save(KY_TEST_OUTPUT_DIR "/drawing_picture_test.png", "PNG"));
@@ -119,7 +121,8 @@ TEST_F(FramePicture, ShowsTheSourceShadedUnderTheFramesPrimitives) {
 
 TEST_F(FramePicture, DepthPriorityOrdersPrimitivesAndTiesKeepTheirOrder) {
     DisplayList list;
-    MUIDrawManager manager(list);
+    mhost::DrawRecorder recorder(list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     manager.beginDrawable();
     manager.setDepthPriority(10);
     manager.setColor(MColor(1, 0, 0));

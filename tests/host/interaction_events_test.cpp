@@ -14,13 +14,13 @@ using mhost::driver::MouseButton;
 TEST(EventDecoding, ButtonsAndModifiersHaveMayasValues) {
     EXPECT_EQ(MEvent::kLeftMouse, 64);
     EXPECT_EQ(MEvent::kMiddleMouse, 128);
-    const MEvent both(3, 4, MEvent::kMiddleMouse, MEvent::shiftKey | MEvent::controlKey);
+    const MEvent both = mhost::makeEvent(3, 4, MEvent::kMiddleMouse, MEvent::shiftKey | MEvent::controlKey);
     EXPECT_EQ(both.mouseButton(), MEvent::kMiddleMouse);
     EXPECT_EQ(both.modifiers(), 5);
     EXPECT_TRUE(both.isModifierShift());
     EXPECT_TRUE(both.isModifierControl());
     EXPECT_FALSE(both.isModifierNone());
-    const MEvent control(0, 0, MEvent::kLeftMouse, MEvent::controlKey);
+    const MEvent control = mhost::makeEvent(0, 0, MEvent::kLeftMouse, MEvent::controlKey);
     EXPECT_FALSE(control.isModifierShift());
     EXPECT_TRUE(control.isModifierControl());
     MEvent plain;

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "drawing/DisplayList.h"
+#include "drawing/DrawRecorder.h"
 #include "drawing/HostFrameContext.h"
 #include "geometry/functions.h"
 #include "interaction/ContextState.h"
@@ -95,7 +96,7 @@ protected:
     static MEvent eventAt(const MPoint& world, int button, int modifiers = kNoKey) {
         short x = 0, y = 0;
         M3dView::active3dView().worldToView(world, x, y);
-        return MEvent(x, y, button, modifiers);
+        return mhost::makeEvent(x, y, button, modifiers);
     }
 
     MStatus press(kyStrakeContext& context, const MPoint& world, int button, int modifiers = kNoKey) {
@@ -142,7 +143,8 @@ protected:
     MObject locator;
     MDagPath source;
     mhost::DisplayList displayList;
-    MHWRender::MUIDrawManager drawManager{displayList};
+    mhost::DrawRecorder drawRecorder{displayList};
+    MHWRender::MUIDrawManager& drawManager = drawRecorder.manager();
     mhost::HostFrameContext frameContext{MDagPath(), 640, 480};
 };
 

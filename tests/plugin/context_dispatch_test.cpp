@@ -17,7 +17,7 @@ protected:
         activate(*context);
     }
     MStatus dragPixel(short x, short y, int button, int modifiers) {
-        MEvent event(x, y, button, modifiers);
+        MEvent event = mhost::makeEvent(x, y, button, modifiers);
         return context->doDrag(event, drawManager, frameContext);
     }
     size_t storedStrokes() { return intArray("sizes", locator).size(); }
@@ -133,7 +133,7 @@ TEST_F(ContextDispatch, TwistStepsEveryFourPixelsOnAClosedRow) {
     ASSERT_TRUE(writeShadowIndices(row1, row2, MIntArray()));
     ASSERT_TRUE(setPlayerVertices(row2));
 
-    MEvent pressEvent(300, 200, kMiddle, kCtrl);
+    MEvent pressEvent = mhost::makeEvent(300, 200, kMiddle, kCtrl);
     context->doPress(pressEvent, drawManager, frameContext);
     dragPixel(303, 200, kMiddle, kCtrl);
     EXPECT_FALSE(context->twisting);
@@ -145,7 +145,7 @@ TEST_F(ContextDispatch, TwistStepsEveryFourPixelsOnAClosedRow) {
     EXPECT_EQ(context->lastX, 304);
     dragPixel(304, 230, kMiddle, kCtrl);  // no horizontal movement counts as a step of 0
     EXPECT_EQ(intArray("shadowIndices2", locator), asVector(turned));
-    MEvent releaseEvent(304, 230, kMiddle, kCtrl);
+    MEvent releaseEvent = mhost::makeEvent(304, 230, kMiddle, kCtrl);
     context->doRelease(releaseEvent, drawManager, frameContext);
     EXPECT_FALSE(context->twisting);
 }

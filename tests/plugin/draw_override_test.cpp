@@ -5,6 +5,7 @@
 #include <maya/MFnDagNode.h>
 #include <maya/MFnDependencyNode.h>
 
+#include "drawing/DrawRecorder.h"
 #include "drawing/HostFrameContext.h"
 #include "tests/plugin/drawOverrideScene.h"
 #include "viewport/kyStrakeDrawOverride.h"
@@ -195,7 +196,8 @@ TEST_F(DrawOverride, FeedbackShowsOnlyThroughTheActiveViewsCamera) {
     M3dView::active3dView().getCamera(persp);
     for (const MDagPath& camera : {side, persp}) {
         mhost::DisplayList recorded;
-        MHWRender::MUIDrawManager manager(recorded);
+        mhost::DrawRecorder recorder(recorded);
+        MHWRender::MUIDrawManager& manager = recorder.manager();
         mhost::HostFrameContext context(camera, 640, 480);
         drawOverride->prepareForDraw(locatorPath, camera, context, nullptr);
         drawOverride->addUIDrawables(locatorPath, manager, context, nullptr);

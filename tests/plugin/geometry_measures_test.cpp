@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "drawing/DisplayList.h"
+#include "drawing/DrawRecorder.h"
 #include "geometry/functions.h"
 #include "tests/plugin/geometryScene.h"
 
@@ -78,7 +79,8 @@ TEST_F(ViewMeasures, ScreenStepsAndClosedOutline) {
 }
 
 TEST_F(ViewMeasures, MarkerRingWithADarkEdge) {
-    MHWRender::MUIDrawManager manager(list_);
+    mhost::DrawRecorder recorder(list_);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     const MColor red(1.0f, 0.0f, 0.0f);
     drawMarker(manager, MPoint(100, 50, 0), red, 7.0, false);
     const auto rings = circles();
@@ -93,7 +95,8 @@ TEST_F(ViewMeasures, MarkerRingWithADarkEdge) {
 }
 
 TEST_F(ViewMeasures, PlainBlackMarkerKeepsTheColourAndConvertsWorldPoints) {
-    MHWRender::MUIDrawManager manager(list_);
+    mhost::DrawRecorder recorder(list_);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     const MColor blue(0.0f, 0.0f, 1.0f);
     manager.setColor(blue);
     drawMarker(manager, MPoint(0, 0, 1), MColor(0.0f, 0.0f, 0.0f, 1.0f), 4.0, true);

@@ -49,15 +49,15 @@ protected:
 
     // Mouse events at view pixels, for the spans drag.
     void pressAt(short x, short y, int button, int modifiers) {
-        MEvent event(x, y, button, modifiers);
+        MEvent event = mhost::makeEvent(x, y, button, modifiers);
         context->doPress(event, drawManager, frameContext);
     }
     void dragTo(short x, short y, int button, int modifiers) {
-        MEvent event(x, y, button, modifiers);
+        MEvent event = mhost::makeEvent(x, y, button, modifiers);
         context->doDrag(event, drawManager, frameContext);
     }
     void releaseAt(short x, short y, int button, int modifiers) {
-        MEvent event(x, y, button, modifiers);
+        MEvent event = mhost::makeEvent(x, y, button, modifiers);
         context->doRelease(event, drawManager, frameContext);
     }
 

@@ -1,7 +1,9 @@
 #pragma once
 // MArrayConstIteratorTemplate, MArrayIteratorTemplate: the iterators of the API's array classes, so that
 // begin()/end() and range-for loops work as in Maya 2019. An iterator is an array and an index; every
-// read goes through the array's operator[], so stepping past the end fails loudly.
+// read goes through the array's operator[], so stepping past the end fails loudly. The comparison,
+// dereference and step operators are non-const and the steps return a const reference, exactly as
+// Maya declares them, so that code written here compiles against Maya unchanged.
 
 #include <maya/MTypes.h>
 
@@ -11,28 +13,33 @@ public:
     typedef ObjectTypeContained value_type;
     typedef ObjectTypeContained& reference;
 
-    // An iterator on element `index` of `container`; index length() is the end.
+    // An iterator on element `index` of `container`; index length() is the end. The array is held
+    // mutable so that the element can be handed out by reference; this iterator never writes it.
     explicit MArrayConstIteratorTemplate(const ContainerType& container, unsigned int index = 0)
-        : fContainer(&container), fIndex(index) {}
+        : fContainer(&const_cast<ContainerType&>(container)), fIndex(index) {}
     // Equal when both iterators walk the same array and stand on the same index.
-    bool operator==(const MArrayConstIteratorTemplate& other) const {
+    bool operator==(const MArrayConstIteratorTemplate& other) {
         return fContainer == other.fContainer && fIndex == other.fIndex;
     }
-    bool operator!=(const MArrayConstIteratorTemplate& other) const { return !(*this == other); }
-    // The element, copied out of the array: scalar arrays hand out values, not references.
-    ObjectTypeContained operator*() const { return (*fContainer)[fIndex]; }
+    bool operator!=(const MArrayConstIteratorTemplate& other) { return !(*this == other); }
+    // The element, read-only.
+    const ObjectTypeContained& operator*() { return (*fContainer)[fIndex]; }
     // Moves to the next or previous element.
-    MArrayConstIteratorTemplate& operator++() {
+    const MArrayConstIteratorTemplate& operator++() {
         ++fIndex;
         return *this;
     }
-    MArrayConstIteratorTemplate& operator--() {
+    const MArrayConstIteratorTemplate& operator--() {
         --fIndex;
         return *this;
     }
 
 protected:
-    const ContainerType* fContainer;
+    // The writing iterator's way in, from a mutable array.
+    MArrayConstIteratorTemplate(ContainerType& container, unsigned int index = 0)
+        : fContainer(&container), fIndex(index) {}
+
+    ContainerType* fContainer;
     unsigned int fIndex;
 };
 
@@ -44,6 +51,6 @@ public:
     // An iterator on element `index` of `container` that may write the elements.
     explicit MArrayIteratorTemplate(ContainerType& container, unsigned int index = 0)
         : MArrayConstIteratorTemplate<ContainerType, ObjectTypeContained>(container, index) {}
-    // The element itself. The array was handed over mutable, so dropping the base's const is sound.
-    reference operator*() const { return const_cast<ContainerType&>(*this->fContainer)[this->fIndex]; }
+    // The element itself.
+    reference operator*() const { return (*this->fContainer)[this->fIndex]; }
 };

@@ -7,6 +7,14 @@
 #include <memory>
 #include <string>
 
+class MCursor;
+
+namespace mhost {
+// Host side, not part of Maya's API: the cursor's name ("doubleCrossHair", or "custom" for a bitmap
+// cursor).
+const char* cursorName(const MCursor& cursor);
+}  // namespace mhost
+
 class OPENMAYAUI_EXPORT MCursor {
 public:
     // A cursor from an X bitmap and mask. The host keeps only its identity, not the picture.
@@ -26,11 +34,8 @@ public:
     static const MCursor pencilCursor;
     static const MCursor handCursor;
 
-    // Host side, not part of Maya's API: the cursor's name ("doubleCrossHair", or "custom" for a
-    // bitmap cursor).
-    const char* hostName() const;
-
 private:
+    friend const char* mhost::cursorName(const MCursor&);
     explicit MCursor(const char* name);
     // Shared by copies, so that equality is identity.
     std::shared_ptr<const std::string> fName;

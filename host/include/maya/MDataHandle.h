@@ -23,8 +23,6 @@ struct HandleSlot;
 class OPENMAYA_EXPORT MDataHandle {
 public:
     MDataHandle();
-    // Whether the handle refers to nothing.
-    bool isNull() const;
     bool isNumeric() const;
     MFnNumericData::Type numericType() const;
     MFnData::Type type() const;

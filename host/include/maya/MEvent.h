@@ -5,6 +5,14 @@
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
 
+class MEvent;
+
+namespace mhost {
+// Host side, not part of Maya's API: an event as the driver sends it. `modifiers` combines
+// MEvent::ModifierType bits; `button` is MEvent::kLeftMouse, MEvent::kMiddleMouse or 0.
+MEvent makeEvent(short x, short y, int button, int modifiers);
+}  // namespace mhost
+
 class OPENMAYAUI_EXPORT MEvent {
 public:
     // Modifier bits; modifiers() answers their combination (5 with both held).
@@ -29,11 +37,10 @@ public:
     bool isModifierControl(MStatus* ReturnStatus = NULL) const;
     static const char* className();
 
-    // Host side, not part of Maya's API: an event as the driver sends it. `modifiers` combines
-    // ModifierType bits; `button` is kLeftMouse, kMiddleMouse or 0.
+private:
+    friend MEvent mhost::makeEvent(short, short, int, int);
     MEvent(short x_pos, short y_pos, int button, int modifiers);
 
-private:
     short fX, fY;
     int fButton;
     int fModifiers;

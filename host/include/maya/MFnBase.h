@@ -8,7 +8,6 @@
 
 class OPENMAYA_EXPORT MFnBase {
 public:
-    MFnBase();
     virtual ~MFnBase();
     // The MFn type of this function set.
     virtual MFn::Type type() const;
@@ -23,6 +22,9 @@ public:
     static const char* className();
 
 protected:
+    // Only a derived function set is ever made.
+    MFnBase();
+
     MObject fObject;
 
 private:

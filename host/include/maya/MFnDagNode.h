@@ -44,7 +44,7 @@ class OPENMAYA_EXPORT MFnDagNode : public MFnDependencyNode {
     MStatus setIntermediateObject(bool isIntermediate);
     // Object-space bounding box; empty for nodes without geometry.
     MBoundingBox boundingBox(MStatus* ReturnStatus = NULL) const;
-    MStatus setObject(const MDagPath& path);
+    virtual MStatus setObject(const MDagPath& path);
     MStatus setObject(MObject& object) override;
     MStatus setObject(const MObject& object) override;
 

@@ -10,7 +10,7 @@ class OPENMAYA_EXPORT MObjectArray {
 public:
     MObjectArray();
     MObjectArray(const MObjectArray& other);
-    MObjectArray(unsigned int initialSize, const MObject& initialValue);
+    MObjectArray(unsigned int initialSize, const MObject& initialValue = MObject::kNullObj);
     ~MObjectArray();
     const MObject& operator[](unsigned int index) const;
     MObject& operator[](unsigned int index);

@@ -98,7 +98,7 @@ public:
     MStatus getValue(short&) const;
     MStatus getValue(bool&) const;
     MStatus getValue(MString&) const;
-    MStatus setValue(MObject&);
+    MStatus setValue(const MObject&);
     MStatus setValue(const MDataHandle&);
     MStatus setValue(double);
     MStatus setValue(float);

@@ -68,11 +68,12 @@ public:
     virtual Type type() const;
     virtual bool isAbstractClass() const;
 
-    // The node this object serves.
-    MObject thisMObject() const;
-    MString name() const;
-    MTypeId typeId() const;
-    MString typeName() const;
+    // The node this object serves, its name and its type. Virtual as in Maya, which asks plug-ins not
+    // to override them.
+    virtual MObject thisMObject() const;
+    virtual MString name() const;
+    virtual MTypeId typeId() const;
+    virtual MString typeName() const;
 
     // Adds a static attribute to the node type being initialised.
     static MStatus addAttribute(const MObject& attr);

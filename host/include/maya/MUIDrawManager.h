@@ -17,7 +17,8 @@ class MVectorArray;
 
 namespace mhost {
 struct DisplayList;
-}
+class DrawRecorder;
+}  // namespace mhost
 
 namespace MHWRender {
 
@@ -105,11 +106,13 @@ public:
     void text2d(const MPoint& position, const MString& text, TextAlignment alignment = kLeft,
                 const int* backgroundSize = NULL, const MColor* backgroundColor = NULL, bool dynamic = false);
 
-    // Host side: a manager that records into `list`, which must outlive it.
+private:
+    // Host side: only mhost::DrawRecorder makes and ends a manager, recording into `list`. The
+    // destructor is private as in Maya, where a plug-in never owns a draw manager.
+    friend class mhost::DrawRecorder;
     explicit MUIDrawManager(mhost::DisplayList& list);
     ~MUIDrawManager();
 
-private:
     MUIDrawManager(const MUIDrawManager&);
     MUIDrawManager& operator=(const MUIDrawManager&);
 

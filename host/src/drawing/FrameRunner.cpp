@@ -10,6 +10,7 @@
 #include "drawing/DagVisibility.h"
 #include "drawing/DrawDirtyRequests.h"
 #include "drawing/DrawOverrideCache.h"
+#include "drawing/DrawRecorder.h"
 #include "drawing/FeedbackHook.h"
 #include "drawing/HostFrameContext.h"
 #include "graph/Scene.h"
@@ -68,7 +69,8 @@ std::optional<driver::FrameDrawing> drawNode(const NodePtr& node, DrawOverrideCr
     std::optional<driver::FrameDrawing> layer;
     if (drawOverride.hasUIDrawables()) {
         auto list = std::make_shared<DisplayList>();
-        MHWRender::MUIDrawManager manager(*list);
+        mhost::DrawRecorder recorder(*list);
+        MHWRender::MUIDrawManager& manager = recorder.manager();
         drawOverride.addUIDrawables(path, manager, context, entry.data.get());
         layer = driver::FrameDrawing{Drawer::kDrawOverride, node->name, list};
     }
@@ -79,7 +81,8 @@ std::optional<driver::FrameDrawing> drawNode(const NodePtr& node, DrawOverrideCr
 void drawFeedback(Frame& frame, const MHWRender::MFrameContext& context) {
     if (!contextFeedbackHook()) return;
     auto list = std::make_shared<DisplayList>();
-    MHWRender::MUIDrawManager manager(*list);
+    mhost::DrawRecorder recorder(*list);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     if (contextFeedbackHook()(manager, context)) frame.layers.push_back({Drawer::kContextFeedback, "", list});
 }
 

@@ -48,7 +48,7 @@ int modifierBits(Modifiers modifiers) {
 
 MStatus sendGesture(Gesture gesture, int x, int y, int button, Modifiers modifiers) {
     if (!fitsShort(x) || !fitsShort(y)) return MS::kInvalidParameter;
-    const MEvent event(static_cast<short>(x), static_cast<short>(y), button, modifierBits(modifiers));
+    const MEvent event = makeEvent(static_cast<short>(x), static_cast<short>(y), button, modifierBits(modifiers));
     return dispatchGesture(gesture, event);
 }
 
@@ -98,7 +98,7 @@ std::string currentToolHelp() {
 
 std::string currentToolCursor() {
     const ContextState* state = currentState();
-    return state ? state->cursor.hostName() : MCursor::defaultCursor.hostName();
+    return cursorName(state ? state->cursor : MCursor::defaultCursor);
 }
 
 MStatus press(int x, int y, MouseButton button, Modifiers modifiers) {

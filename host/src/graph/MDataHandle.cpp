@@ -23,8 +23,6 @@ HandleSlot& nullSlot() {
 MDataHandle::MDataHandle() = default;
 MDataHandle::MDataHandle(std::shared_ptr<HandleSlot> slot) : fSlot(std::move(slot)) {}
 
-bool MDataHandle::isNull() const { return !fSlot; }
-
 bool MDataHandle::isNumeric() const {
     return fSlot && fSlot->attribute && fSlot->attribute->kind == mhost::AttributeKind::kNumeric;
 }

@@ -375,7 +375,7 @@ MStatus MPlug::setMObject(const MObject& object) {
 }
 
 MStatus MPlug::setMDataHandle(const MDataHandle& handle) {
-    if (handle.isNull()) return MS::kInvalidParameter;
+    if (!handle.hostSlot()) return MS::kInvalidParameter;
     handle.hostSlot()->commit();
     const PlugValue& value = handle.hostSlot()->value;
     if (!value.data.isNull()) return setMObject(value.data);
@@ -386,7 +386,7 @@ MStatus MPlug::setString(const MString& v) {
     return setMObject(mhost::wrapData(std::make_shared<mhost::StringData>(v)));
 }
 
-MStatus MPlug::setValue(MObject& v) { return setMObject(v); }
+MStatus MPlug::setValue(const MObject& v) { return setMObject(v); }
 MStatus MPlug::setValue(const MDataHandle& v) { return setMDataHandle(v); }
 MStatus MPlug::setValue(double v) { return setDouble(v); }
 MStatus MPlug::setValue(float v) { return setFloat(v); }

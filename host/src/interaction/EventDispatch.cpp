@@ -4,6 +4,7 @@
 #include <maya/MUIDrawManager.h>
 
 #include "commands/MessageLog.h"
+#include "drawing/DrawRecorder.h"
 #include "drawing/HostFrameContext.h"
 #include "interaction/ActiveView.h"
 #include "interaction/ContextCall.h"
@@ -80,7 +81,8 @@ MStatus dispatchGesture(Gesture gesture, const MEvent& event) {
     gestureState().drawing = drawing;
     const ActiveView& view = activeView();
     HostFrameContext frame(view.cameraPath(), view.width(), view.height());
-    MHWRender::MUIDrawManager manager(*drawing);
+    mhost::DrawRecorder recorder(*drawing);
+    MHWRender::MUIDrawManager& manager = recorder.manager();
     MEvent delivered(event);
     return callContext(toolContexts().currentName() + " " + handlerName(gesture),
                        [&] { return callHandler(*context, gesture, delivered, manager, frame); });

@@ -14,4 +14,4 @@ MCursor::~MCursor() = default;
 MCursor& MCursor::operator=(const MCursor&) = default;
 bool MCursor::operator==(const MCursor& other) const { return fName == other.fName; }
 bool MCursor::operator!=(const MCursor& other) const { return !(*this == other); }
-const char* MCursor::hostName() const { return fName->c_str(); }
+const char* mhost::cursorName(const MCursor& cursor) { return cursor.fName->c_str(); }

@@ -12,6 +12,7 @@ MEvent::MEvent() : MEvent(0, 0, 0, 0) {}
 MEvent::MEvent(short x_pos, short y_pos, int button, int modifiers)
     : fX(x_pos), fY(y_pos), fButton(button), fModifiers(modifiers) {}
 MEvent::~MEvent() = default;
+MEvent mhost::makeEvent(short x, short y, int button, int modifiers) { return MEvent(x, y, button, modifiers); }
 const char* MEvent::className() { return "MEvent"; }
 
 MStatus MEvent::getPosition(short& x_pos, short& y_pos) const {
