@@ -1,0 +1,201 @@
+#include "runner/fuzz/FuzzRun.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+
+#include "runner/RunLog.h"
+#include "runner/SceneSetup.h"
+#include "runner/SessionPlayer.h"
+#include "runner/SourceMeshes.h"
+#include "runner/ToolPanel.h"
+#include "runner/fuzz/FuzzSources.h"
+#include "runner/fuzz/SceneState.h"
+#include "runner/fuzz/SessionGenerator.h"
+#include "runner/fuzz/SessionWriter.h"
+#include "runner/fuzz/Shrinker.h"
+
+namespace kystrake {
+
+const char* const kUndoRedoInvariant = "undo redo";
+
+namespace {
+
+struct Counters {
+    long stepsFailed = 0;
+    long undoPairsCompared = 0;
+};
+
+bool isUndoRedoPair(const std::vector<Step>& steps, size_t undo) {
+    if (undo + 1 >= steps.size()) return false;
+    const Undo* first = std::get_if<Undo>(&steps[undo]);
+    const Redo* second = std::get_if<Redo>(&steps[undo + 1]);
+    return first && second && first->times == second->times;
+}
+
+// Plays the steps on a fresh scene, with or without the artist's panel; the first broken invariant
+// and its one-based step, if any.
+std::optional<std::pair<Violation, int>> playChecked(const Session& session, const PolygonMesh& source,
+                                                     const std::string& pluginPath, const std::string& outDir,
+                                                     bool withPanel, Counters& counters) {
+    RunLog log(false);
+    const SceneNames scene = setUpScene(session, source, pluginPath);
+    std::optional<ToolPanel> panel;
+    if (withPanel) panel.emplace();
+    PlaybackResult playback;
+    SceneState before = captureSceneState(scene);
+    SceneState beforeUndo;
+    bool undoSucceeded = false;
+    for (size_t i = 0; i < session.steps.size(); ++i) {
+        const MStatus status = playStep(session.steps[i], static_cast<int>(i), scene, outDir, playback, log);
+        if (!status) ++counters.stepsFailed;
+        SceneState after = captureSceneState(scene);
+        const std::vector<Violation> violations = findViolations(after);
+        if (!violations.empty()) return std::make_pair(violations.front(), static_cast<int>(i + 1));
+        // An undo that went through, with its redo next: the redo must give back the state before it.
+        if (isUndoRedoPair(session.steps, i)) {
+            beforeUndo = std::move(before);
+            undoSucceeded = static_cast<bool>(status);
+        } else if (i > 0 && isUndoRedoPair(session.steps, i - 1) && undoSucceeded) {
+            ++counters.undoPairsCompared;
+            const std::vector<std::string> differences = stateDifferences(beforeUndo, after);
+            if (!differences.empty()) {
+                std::string detail;
+                for (const std::string& difference : differences)
+                    detail += (detail.empty() ? "" : ", ") + difference;
+                return std::make_pair(Violation{kUndoRedoInvariant, "after undo and redo: " + detail},
+                                      static_cast<int>(i + 1));
+            }
+        }
+        before = std::move(after);
+    }
+    return std::nullopt;
+}
+
+std::uint64_t sessionSeed(std::uint64_t seed, long index) {
+    FuzzRandom random(seed * 0x100000001b3ULL + static_cast<std::uint64_t>(index));
+    return random.next();
+}
+
+// The session's source: a procedural kind the runner knows by name, a fuzz source written to an OBJ
+// file beside the session files (so that a shrunk session replays on it), or the user's OBJ file.
+struct FuzzSource {
+    std::string name;
+    PolygonMesh mesh;
+    SourceMesh reference;
+};
+
+FuzzSource loadFuzzSource(const std::string& name, const std::string& outDir) {
+    FuzzSource source;
+    source.name = name;
+    if (name.size() > 4 && name.substr(name.size() - 4) == ".obj") {
+        source.reference.objPath = name;
+        source.mesh = readObj(name);
+        return source;
+    }
+    source.mesh = fuzzSourceMesh(name);
+    for (const char* kind : {"plane", "relief", "sphere", "limb", "torus"})
+        if (name == kind) {
+            source.reference.procedural = name;
+            source.reference.triangles = 2000;
+            return source;
+        }
+    source.reference.objPath = std::filesystem::absolute(outDir + "/source-" + name + ".obj").string();
+    writeObj(source.mesh, source.reference.objPath);
+    return source;
+}
+
+std::string failureFileName(const FuzzFailure& failure) {
+    std::string invariant = failure.violation.invariant;
+    for (char& c : invariant)
+        if (c == ' ') c = '-';
+    return "fuzz-" + std::to_string(failure.sessionSeed) + "-" + invariant + ".json";
+}
+
+// Shrinks the failing session and writes it beside the fuzz output, naming the file in `failure`.
+void shrinkAndWrite(Session session, const FuzzSource& source, const FuzzOptions& options,
+                    FuzzFailure& failure) {
+    session.steps.resize(failure.step);
+    session = shrinkFailingSession(session, source.mesh, options, failure.violation.invariant);
+    session.source = source.reference;
+    failure.shrunkSteps = static_cast<int>(session.steps.size());
+    failure.sessionPath = options.outDir + "/" + failureFileName(failure);
+    std::ofstream(failure.sessionPath) << sessionToJson(session);
+}
+
+}  // namespace
+
+FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
+    std::filesystem::create_directories(options.outDir);
+    const auto start = std::chrono::steady_clock::now();
+    FuzzReport report;
+    const std::vector<std::string>& names = fuzzSourceNames();
+    std::vector<std::string> shrunkInvariants;
+    for (long index = 0; report.stepsRun < options.steps; ++index) {
+        const std::string name = options.source.empty() ? names[index % names.size()] : options.source;
+        const FuzzSource source = loadFuzzSource(name, options.outDir);
+        const std::uint64_t seed = sessionSeed(options.seed, index);
+        Session session;
+        session.camera = framingCamera(source.mesh);
+        const FuzzView view{session.viewWidth, session.viewHeight, *session.camera};
+        const long length = std::min<long>(options.sessionLength, options.steps - report.stepsRun);
+        session.steps = generateSteps(seed, static_cast<int>(length), view);
+        Counters counters;
+        const auto found =
+            playChecked(session, source.mesh, options.pluginPath, options.outDir, options.panel, counters);
+        ++report.sessions;
+        report.stepsRun += found ? found->second : static_cast<long>(session.steps.size());
+        report.stepsFailed += counters.stepsFailed;
+        report.undoPairsCompared += counters.undoPairsCompared;
+        if (found) {
+            FuzzFailure failure;
+            failure.violation = found->first;
+            failure.sessionSeed = seed;
+            failure.source = name;
+            failure.step = found->second;
+            ++(failure.violation.invariant == kUndoRedoInvariant ? report.undoMismatches
+                                                                 : report.invariantFailures);
+            progress << "kystrake fuzz: session seed " << seed << " on \"" << name << "\", step "
+                     << failure.step << ": " << failure.violation.invariant << ": "
+                     << failure.violation.detail << "\n";
+            const bool firstOfItsKind = std::find(shrunkInvariants.begin(), shrunkInvariants.end(),
+                                                  failure.violation.invariant) == shrunkInvariants.end();
+            if (options.shrink && firstOfItsKind) {
+                shrunkInvariants.push_back(failure.violation.invariant);
+                shrinkAndWrite(session, source, options, failure);
+                progress << "  shrunk to " << failure.shrunkSteps << " steps: " << failure.sessionPath
+                         << "\n";
+            }
+            report.failures.push_back(failure);
+        }
+        if (report.sessions % 50 == 0)
+            progress << "kystrake fuzz: " << report.stepsRun << " steps, " << report.sessions
+                     << " sessions\n";
+    }
+    report.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return report;
+}
+
+Session shrinkFailingSession(Session session, const PolygonMesh& source, const FuzzOptions& options,
+                             const std::string& invariant, int maxTrials) {
+    Counters ignored;
+    const auto stillFails = [&](const std::vector<Step>& steps) {
+        Session trial = session;
+        trial.steps = steps;
+        const auto found =
+            playChecked(trial, source, options.pluginPath, options.outDir, options.panel, ignored);
+        return found && found->first.invariant == invariant;
+    };
+    session.steps = shrinkSteps(session.steps, stillFails, maxTrials);
+    return session;
+}
+
+std::optional<std::pair<Violation, int>> checkSession(const Session& session, const FuzzOptions& options) {
+    std::filesystem::create_directories(options.outDir);
+    Counters ignored;
+    return playChecked(session, loadSourceMesh(session.source), options.pluginPath, options.outDir,
+                       options.panel, ignored);
+}
+
+}  // namespace kystrake

@@ -1,0 +1,39 @@
+#pragma once
+// What the artist's work consists of, read out of the scene as plain numbers: every mesh's arrays
+// and every attribute of the kyStrake locator. Two states compare bit for bit.
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "runner/SceneSetup.h"
+
+namespace kystrake {
+
+struct MeshArrays {
+    std::string name;            // the shape's partial path name
+    std::vector<double> points;  // x, y, z of each vertex, object space
+    std::vector<int> polygonCounts;
+    std::vector<int> polygonConnects;
+    // The kyPatchNode directly above the shape is set to have no effect, so that the shape shows the
+    // mesh as it was before that patch.
+    bool patchBlocked = false;
+    int vertexCount() const { return static_cast<int>(points.size() / 3); }
+};
+
+struct SceneState {
+    std::vector<MeshArrays> meshes;  // every mesh shape that is not an intermediate object
+    int activeMesh = -1;             // index in `meshes` of the first selected mesh, -1 when none
+    // The locator's attributes by long name, each as its numbers in order: the ids of an integer
+    // array, x, y, z, w of each point, x, y, z of each vector, the one or three numbers of a value.
+    std::map<std::string, std::vector<double>> locator;
+};
+
+// Reads the state of the scene that `scene` names.
+SceneState captureSceneState(const SceneNames& scene);
+
+// Every difference between two states, bit for bit, one line each ("mesh kyMeshShape1 points",
+// "locator strokes"); empty when they are the same.
+std::vector<std::string> stateDifferences(const SceneState& before, const SceneState& after);
+
+}  // namespace kystrake
