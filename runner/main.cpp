@@ -33,7 +33,8 @@ int fuzzAndReport(const FuzzOptions& options) {
               << report.seconds << " s (" << report.stepsRun / std::max(report.seconds, 1e-9) << " steps/s); "
               << report.stepsFailed << " steps failed as expected, " << report.undoPairsCompared
               << " undo-redo pairs compared; invariant failures " << report.invariantFailures
-              << ", undo mismatches " << report.undoMismatches << "\n";
+              << ", undo mismatches " << report.undoMismatches << "; " << report.sourceEdits
+              << " sessions ended when the tool changed the source mesh\n";
     for (const FuzzFailure& failure : report.failures)
         if (!failure.sessionPath.empty())
             std::cout << "  " << failure.violation.invariant << ": " << failure.sessionPath << " ("

@@ -19,6 +19,7 @@
 namespace kystrake {
 
 const char* const kUndoRedoInvariant = "undo redo";
+const char* const kSourceEdited = "source edited";
 
 namespace {
 
@@ -34,6 +35,18 @@ bool isUndoRedoPair(const std::vector<Step>& steps, size_t undo) {
     return first && second && first->times == second->times;
 }
 
+const MeshArrays* findMesh(const SceneState& state, const std::string& name) {
+    for (const MeshArrays& mesh : state.meshes)
+        if (mesh.name == name) return &mesh;
+    return nullptr;
+}
+
+SceneState sourceOnly(const MeshArrays& mesh) {
+    SceneState state;
+    state.meshes = {mesh};
+    return state;
+}
+
 // Plays the steps on a fresh scene, with or without the artist's panel; the first broken invariant
 // and its one-based step, if any.
 std::optional<std::pair<Violation, int>> playChecked(const Session& session, const PolygonMesh& source,
@@ -45,12 +58,19 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
     if (withPanel) panel.emplace();
     PlaybackResult playback;
     SceneState before = captureSceneState(scene);
+    const MeshArrays* original = findMesh(before, scene.sourceShape);
+    const MeshArrays sourceBefore = original ? *original : MeshArrays();
     SceneState beforeUndo;
     bool undoSucceeded = false;
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const MStatus status = playStep(session.steps[i], static_cast<int>(i), scene, outDir, playback, log);
         if (!status) ++counters.stepsFailed;
         SceneState after = captureSceneState(scene);
+        carryRowsMesh(before, after);
+        const MeshArrays* now = findMesh(after, scene.sourceShape);
+        if (now && stateDifferences(sourceOnly(sourceBefore), sourceOnly(*now)).size())
+            return std::make_pair(Violation{kSourceEdited, "the tool changed the source mesh"},
+                                  static_cast<int>(i + 1));
         const std::vector<Violation> violations = findViolations(after);
         if (!violations.empty()) return std::make_pair(violations.front(), static_cast<int>(i + 1));
         // An undo that went through, with its redo next: the redo must give back the state before it.
@@ -148,7 +168,9 @@ FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
         report.stepsRun += found ? found->second : static_cast<long>(session.steps.size());
         report.stepsFailed += counters.stepsFailed;
         report.undoPairsCompared += counters.undoPairsCompared;
-        if (found) {
+        if (found && found->first.invariant == kSourceEdited) {
+            ++report.sourceEdits;
+        } else if (found) {
             FuzzFailure failure;
             failure.violation = found->first;
             failure.sessionSeed = seed;

@@ -29,6 +29,12 @@ struct FuzzOptions {
 // The invariant "undo redo" is the one an undo-redo pair breaks when the redo does not give back the
 // state before the undo, bit for bit.
 extern const char* const kUndoRedoInvariant;
+// Not an invariant but the end of a session: the tool has changed the source mesh, which happens
+// when the artist selects the source as the retopo mesh. The tool keeps the per-face normals it took
+// of the source when it was activated and reads them, unguarded, by the ids of faces hit on the
+// source, so once the tool has added faces to the source that read runs past their end. Nothing
+// after that is checked.
+extern const char* const kSourceEdited;
 
 struct FuzzFailure {
     Violation violation;
@@ -46,6 +52,7 @@ struct FuzzReport {
     long undoPairsCompared = 0;
     long invariantFailures = 0;  // sessions that broke an invariant other than undo-redo
     long undoMismatches = 0;     // sessions that broke the undo-redo invariant
+    long sourceEdits = 0;        // sessions ended early because the tool changed the source
     double seconds = 0;
     std::vector<FuzzFailure> failures;  // the first of each invariant, shrunk
 };

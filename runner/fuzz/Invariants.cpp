@@ -62,11 +62,13 @@ void checkStrokeSet(const SceneState& state, const std::string& points, const st
                                            text(pointCount) + " points"});
 }
 
-// The ids of a row index vertices of the retopo mesh.
+// The ids of a row index vertices of the retopo mesh they were written on. A row found again from
+// the shadow's points takes, for a point with no vertex nearer than 9999 (a point that is not a
+// number among them), the id -1: the tool keeps that id, and it can pass on to the player row.
 void checkRow(const SceneState& state, const std::string& row, int vertexCount,
               std::vector<Violation>& found) {
     for (double id : attribute(state, row))
-        if (id < 0 || id >= vertexCount)
+        if (id < -1 || id >= vertexCount)
             found.push_back(
                 {"row vertex id", row + " holds vertex " + text(id) + " of " + std::to_string(vertexCount)});
 }
@@ -97,16 +99,18 @@ void checkLocator(const SceneState& state, std::vector<Violation>& found) {
     if (cursor != 0 && cursor != 3)
         found.push_back({"brush cursor", "tweakRadius holds " + std::to_string(cursor) + " numbers"});
 
-    if (state.activeMesh < 0) return;
-    const MeshArrays& retopo = state.meshes[state.activeMesh];
+    if (state.rowsMesh < 0) return;
+    const MeshArrays& retopo = state.meshes[state.rowsMesh];
     // A rebuild of a scratch patch that fails after it blocked the patch node returns at once and
     // leaves the node blocked, as the tool is meant to: the shape then shows the mesh without the
     // patch while the rows and new faces still name the patch's vertices and faces. Kept as it is.
     if (retopo.patchBlocked) return;
     for (const char* row : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "playervtx"})
         checkRow(state, row, retopo.vertexCount(), found);
+    // A quad the host refused to add (all its corners merged, on a source smaller than the merge
+    // threshold) still has its face id, -1, among the new faces: kept as the tool is meant to.
     for (double face : attribute(state, "newFaces"))
-        if (face < 0 || face >= retopo.polygonCounts.size())
+        if (face < -1 || face >= retopo.polygonCounts.size())
             found.push_back({"new faces", "newFaces holds face " + text(face) + " of " +
                                               std::to_string(retopo.polygonCounts.size())});
 }

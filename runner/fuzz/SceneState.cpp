@@ -29,6 +29,9 @@ const char* const kPointArrays[] = {"strokes",      "freepoints",  "freezeMedian
                                     "playerpts",    "pointsDebug", "strokesShadow", "strokesNondestruct",
                                     "fusept",       "magnetPt",    "sublines",      "fusemesh",
                                     "verticestweak"};
+// The attributes that hold ids of the retopo mesh.
+const char* const kRowAttributes[] = {"shadowIndices1", "shadowIndices2", "shadowIndices3", "playervtx",
+                                      "newFaces"};
 const char* const kInts[] = {"displayInfo", "mode", "symmetry"};
 const char* const kDoubles[] = {"displaySize", "pinch", "radiusMoveInteractive", "radiusRelaxInteractive",
                                 "intensityRelaxInteractive"};
@@ -125,8 +128,24 @@ SceneState captureSceneState(const SceneNames& scene) {
         if (active.isValid() && path == active) state.activeMesh = static_cast<int>(state.meshes.size());
         state.meshes.push_back(readMesh(path));
     }
+    state.rowsMesh = state.activeMesh;
     state.locator = readLocator(scene.locator);
     return state;
+}
+
+void carryRowsMesh(const SceneState& previous, SceneState& current) {
+    for (const char* attribute : kRowAttributes) {
+        const auto before = previous.locator.find(attribute);
+        const auto after = current.locator.find(attribute);
+        const bool beforeMissing = before == previous.locator.end(),
+                   afterMissing = after == current.locator.end();
+        if (beforeMissing != afterMissing || (!beforeMissing && before->second != after->second)) return;
+    }
+    current.rowsMesh = -1;
+    if (previous.rowsMesh < 0) return;
+    const std::string& name = previous.meshes[previous.rowsMesh].name;
+    for (size_t i = 0; i < current.meshes.size(); ++i)
+        if (current.meshes[i].name == name) current.rowsMesh = static_cast<int>(i);
 }
 
 std::vector<std::string> stateDifferences(const SceneState& before, const SceneState& after) {

@@ -24,13 +24,21 @@ struct MeshArrays {
 struct SceneState {
     std::vector<MeshArrays> meshes;  // every mesh shape that is not an intermediate object
     int activeMesh = -1;             // index in `meshes` of the first selected mesh, -1 when none
+    // Index in `meshes` of the mesh the locator's rows and new faces were written on, -1 when not
+    // known: the active mesh when the rows changed last (see `carryRowsMesh`).
+    int rowsMesh = -1;
     // The locator's attributes by long name, each as its numbers in order: the ids of an integer
     // array, x, y, z, w of each point, x, y, z of each vector, the one or three numbers of a value.
     std::map<std::string, std::vector<double>> locator;
 };
 
-// Reads the state of the scene that `scene` names.
+// Reads the state of the scene that `scene` names, taking its rows to belong to the active mesh.
 SceneState captureSceneState(const SceneNames& scene);
+
+// When the rows and new faces of `current` are those of `previous`, they still belong to the mesh
+// they belonged to then (the artist may have selected another mesh since): `current.rowsMesh` is
+// set to that mesh, or -1 when it is gone.
+void carryRowsMesh(const SceneState& previous, SceneState& current);
 
 // Every difference between two states, bit for bit, one line each ("mesh kyMeshShape1 points",
 // "locator strokes"); empty when they are the same.

@@ -196,12 +196,13 @@ private:
         }
     }
 
-    // The retopo mesh, the first or second mesh the tool may have made, the source, or nothing.
+    // The first or second mesh the tool may have made, or nothing; now and then the source, which
+    // the tool then takes for the retopo mesh.
     Select selection() {
-        const char* const names[] = {"kyMeshShape1", "kyMeshShape2", "sourceMesh"};
-        const int pick = random_.between(0, 3);
-        if (pick == 3) return Select{};
-        return Select{{names[pick]}};
+        if (random_.chance(0.1)) return Select{{"sourceMesh"}};
+        const int pick = random_.between(0, 2);
+        if (pick == 2) return Select{};
+        return Select{{pick == 0 ? "kyMeshShape1" : "kyMeshShape2"}};
     }
 
     // The home camera orbited about its target and moved nearer or farther.

@@ -27,7 +27,7 @@ SceneState patchedState() {
     mesh.polygonCounts = {4, 4};
     mesh.polygonConnects = {0, 1, 4, 3, 1, 2, 5, 4};
     state.meshes = {mesh};
-    state.activeMesh = 0;
+    state.activeMesh = state.rowsMesh = 0;
     auto& locator = state.locator;
     locator["strokes"] = point(0, 0, 0);
     for (const double x : {1.0, 2.0}) {
@@ -63,6 +63,15 @@ std::vector<std::string> invariantsBroken(const SceneState& state) {
 TEST(FuzzInvariants, AConsistentPatchStateBreaksNothing) {
     EXPECT_TRUE(findViolations(patchedState()).empty());
     EXPECT_TRUE(findViolations(SceneState{}).empty());
+    // The face id -1 of a quad the host refused stays among the new faces.
+    SceneState refused = patchedState();
+    refused.locator["newFaces"] = {-1, 1, -1};
+    EXPECT_TRUE(findViolations(refused).empty());
+    // So does the id -1 of a row point that no vertex lies near, in the rows and the player row.
+    SceneState lost = patchedState();
+    lost.locator["shadowIndices1"] = {-1, 1, 2};
+    lost.locator["playervtx"] = {-1, 4, 5};
+    EXPECT_TRUE(findViolations(lost).empty());
 }
 
 // Each corruption is planted at the first value out of bounds, so that a check that lets the bound
@@ -84,7 +93,7 @@ TEST(FuzzInvariants, EachPlantedCorruptionIsCaughtByItsInvariant) {
              s.meshes[0].polygonCounts = {4, 2, 2};
          },
          "mesh polygon"},
-        {"counts short of the connects", [](SceneState& s) { s.meshes[0].polygonCounts = {4}; },
+        {"connects past the counts", [](SceneState& s) { s.meshes[0].polygonConnects.push_back(0); },
          "mesh polygon"},
         {"counts past the connects",
          [](SceneState& s) {
@@ -110,9 +119,9 @@ TEST(FuzzInvariants, EachPlantedCorruptionIsCaughtByItsInvariant) {
          "stroke set"},
         {"row id at the vertex count", [](SceneState& s) { s.locator["shadowIndices2"][2] = 6; },
          "row vertex id"},
-        {"row id -1",
+        {"row id -2",
          [](SceneState& s) {
-             s.locator["shadowIndices3"] = {-1, 0};
+             s.locator["shadowIndices3"] = {-2, 0};
          },
          "row vertex id"},
         {"player id at the vertex count", [](SceneState& s) { s.locator["playervtx"][0] = 6; },
@@ -125,6 +134,11 @@ TEST(FuzzInvariants, EachPlantedCorruptionIsCaughtByItsInvariant) {
         {"brush cursor of two numbers", [](SceneState& s) { s.locator["tweakRadius"].pop_back(); },
          "brush cursor"},
         {"new face at the face count", [](SceneState& s) { s.locator["newFaces"] = {2}; }, "new faces"},
+        {"new face -2",
+         [](SceneState& s) {
+             s.locator["newFaces"] = {0, -2};
+         },
+         "new faces"},
         {"preview mode 2", [](SceneState& s) { s.locator["mode"] = {2}; }, "preview mode"},
         {"preview mode -2", [](SceneState& s) { s.locator["mode"] = {-2}; }, "preview mode"},
     };
@@ -136,20 +150,50 @@ TEST(FuzzInvariants, EachPlantedCorruptionIsCaughtByItsInvariant) {
     }
 }
 
-// Rows are ids of the mesh they were built on; with no mesh selected there is nothing to hold them to.
-TEST(FuzzInvariants, RowsAreHeldToTheSelectedMeshOnly) {
+// Rows are ids of the mesh they were written on; where that mesh is not known there is nothing to
+// hold them to.
+TEST(FuzzInvariants, RowsAreHeldToTheMeshTheyWereWrittenOn) {
     SceneState state = patchedState();
     state.locator["shadowIndices1"] = {40};
-    state.activeMesh = -1;
+    state.rowsMesh = -1;
     EXPECT_TRUE(findViolations(state).empty());
     MeshArrays bigger = state.meshes[0];
     bigger.name = "sourceMesh";
     for (int i = 0; i < 40; ++i) bigger.points.insert(bigger.points.end(), {0.0, 1.0, double(i)});
     state.meshes.push_back(bigger);
-    state.activeMesh = 1;
+    state.rowsMesh = 1;
     EXPECT_TRUE(findViolations(state).empty());
-    state.activeMesh = 0;
+    state.rowsMesh = 0;
     EXPECT_EQ(invariantsBroken(state), std::vector<std::string>{"row vertex id"});
+}
+
+// Selecting another mesh leaves the rows with the mesh they were written on; rows written anew
+// belong to the mesh selected then.
+TEST(FuzzInvariants, RowsStayWithTheirMeshAcrossSelectionChanges) {
+    SceneState before = patchedState();
+    MeshArrays source = before.meshes[0];
+    source.name = "sourceMesh";
+    before.meshes.insert(before.meshes.begin(), source);
+    before.rowsMesh = before.activeMesh = 1;
+
+    SceneState selected = before;
+    selected.meshes.erase(selected.meshes.begin());  // a mesh gone from in front moves the index
+    selected.meshes.push_back(source);
+    selected.rowsMesh = selected.activeMesh = 1;
+    carryRowsMesh(before, selected);
+    EXPECT_EQ(selected.rowsMesh, 0);
+
+    SceneState rewritten = selected;
+    rewritten.locator["newFaces"] = {1};
+    rewritten.rowsMesh = rewritten.activeMesh;  // as captured
+    carryRowsMesh(selected, rewritten);
+    EXPECT_EQ(rewritten.rowsMesh, 1);
+
+    SceneState gone = selected;
+    gone.meshes.erase(gone.meshes.begin());
+    gone.activeMesh = gone.rowsMesh = 0;
+    carryRowsMesh(selected, gone);
+    EXPECT_EQ(gone.rowsMesh, -1);
 }
 
 TEST(FuzzStateDifferences, NameEveryArrayThatDiffersInOneBit) {
