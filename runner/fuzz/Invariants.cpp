@@ -73,9 +73,9 @@ void checkRow(const SceneState& state, const std::string& row, int vertexCount,
                 {"row vertex id", row + " holds vertex " + text(id) + " of " + std::to_string(vertexCount)});
 }
 
-void checkLocator(const SceneState& state, std::vector<Violation>& found) {
+void checkLocator(const SceneState& state, const KeptCases& kept, std::vector<Violation>& found) {
     checkStrokeSet(state, "strokes", "sizes", found);
-    checkStrokeSet(state, "strokesShadow", "sizesShadow", found);
+    if (!kept.rowsRestoredAlone) checkStrokeSet(state, "strokesShadow", "sizesShadow", found);
     checkStrokeSet(state, "strokesNondestruct", "sizesNondestruct", found);
 
     // The two position forms of the player row are written together with the same value.
@@ -104,9 +104,10 @@ void checkLocator(const SceneState& state, std::vector<Violation>& found) {
     // A rebuild of a scratch patch that fails after it blocked the patch node returns at once and
     // leaves the node blocked, as the tool is meant to: the shape then shows the mesh without the
     // patch while the rows and new faces still name the patch's vertices and faces. Kept as it is.
-    if (retopo.patchBlocked) return;
+    if (retopo.patchBlocked || kept.rowsRestoredAlone) return;
     for (const char* row : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "playervtx"})
         checkRow(state, row, retopo.vertexCount(), found);
+    if (kept.newFacesNotRestored) return;
     // A quad the host refused to add (all its corners merged, on a source smaller than the merge
     // threshold) still has its face id, -1, among the new faces: kept as the tool is meant to.
     for (double face : attribute(state, "newFaces"))
@@ -117,10 +118,10 @@ void checkLocator(const SceneState& state, std::vector<Violation>& found) {
 
 }  // namespace
 
-std::vector<Violation> findViolations(const SceneState& state) {
+std::vector<Violation> findViolations(const SceneState& state, const KeptCases& kept) {
     std::vector<Violation> found;
     for (const MeshArrays& mesh : state.meshes) checkMesh(mesh, found);
-    checkLocator(state, found);
+    checkLocator(state, kept, found);
     return found;
 }
 
