@@ -75,7 +75,11 @@ void checkRow(const SceneState& state, const std::string& row, int vertexCount,
 
 void checkLocator(const SceneState& state, const KeptCases& kept, std::vector<Violation>& found) {
     checkStrokeSet(state, "strokes", "sizes", found);
-    if (!kept.rowsRestoredAlone) checkStrokeSet(state, "strokesShadow", "sizesShadow", found);
+    // Clearing the bridge or merge preview empties sizesShadow with it, on purpose, and leaves
+    // strokesShadow as it is: a shadow with points and no sizes is kept as the tool makes it.
+    const bool shadowSizesCleared = attribute(state, "sizesShadow").empty();
+    if (!kept.rowsRestoredAlone && !shadowSizesCleared)
+        checkStrokeSet(state, "strokesShadow", "sizesShadow", found);
     checkStrokeSet(state, "strokesNondestruct", "sizesNondestruct", found);
 
     // The two position forms of the player row are written together with the same value.

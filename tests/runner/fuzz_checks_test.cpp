@@ -72,6 +72,10 @@ TEST(FuzzInvariants, AConsistentPatchStateBreaksNothing) {
     lost.locator["shadowIndices1"] = {-1, 1, 2};
     lost.locator["playervtx"] = {-1, 4, 5};
     EXPECT_TRUE(findViolations(lost).empty());
+    // And a shadow whose sizes went with the preview's clear while its points stayed.
+    SceneState cleared = patchedState();
+    cleared.locator["sizesShadow"].clear();
+    EXPECT_TRUE(findViolations(cleared).empty());
 }
 
 // Each corruption is planted at the first value out of bounds, so that a check that lets the bound

@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "runner/ObjFile.h"
 #include "runner/SceneSetup.h"
 #include "runner/fuzz/FuzzRun.h"
 #include "runner/fuzz/FuzzSources.h"
@@ -93,6 +94,75 @@ TEST(FuzzScene, CorruptionPlantedInTheSceneIsCaught) {
     const std::vector<std::string> differences = stateDifferences(built, moved);
     EXPECT_NE(std::find(differences.begin(), differences.end(), "mesh " + retopo.name + " points"),
               differences.end());
+}
+
+void addStroke(Session& session, Pixel from, Pixel to, Modifiers press = {}, Modifiers drag = {},
+               MouseButton button = MouseButton::kLeft) {
+    session.steps.push_back(Press{from, button, press});
+    session.steps.push_back(Drag{{from, {(from[0] + to[0]) / 2, (from[1] + to[1]) / 2}, to}, button, drag});
+    session.steps.push_back(Release{to, button, drag});
+}
+
+const std::vector<double>& locatorArray(const SceneState& state, const char* attribute) {
+    return state.locator.at(attribute);
+}
+
+SceneState sceneNow() { return captureSceneState({"", "kyStrakeShape1", "kyStrakeContext1"}); }
+
+// The tool's own behaviours that leave the locator out of step with the mesh, each replayed: the
+// fuzz checks pass over them, and the state shows the behaviour itself.
+TEST(FuzzKeptCases, ARedrawWithNoGridLeavesThePatchBlockedAndTheRowsAsTheyWere) {
+    Session session = patchSession();
+    // SHIFT at the press and CTRL in the drag: a redraw stroke whose points never reached the
+    // surface, so the rebuild finds nothing to project and returns with the patch node blocked.
+    addStroke(session, {481, 190}, {547, 381}, {true, false}, {false, true});
+    addStroke(session, {300, 600}, {400, 610}, {false, true}, {false, true});
+    EXPECT_FALSE(checkSession(session, options("blocked", 0)));
+    const SceneState state = sceneNow();
+    ASSERT_GE(state.activeMesh, 0);
+    EXPECT_TRUE(state.meshes[state.activeMesh].patchBlocked);
+    EXPECT_EQ(state.meshes[state.activeMesh].vertexCount(), 0);
+    EXPECT_FALSE(locatorArray(state, "shadowIndices1").empty());
+}
+
+TEST(FuzzKeptCases, QuadsRefusedOnASourceBelowTheMergeThresholdLeaveFaceIdsMinusOne) {
+    FuzzOptions fuzz = options("refused", 0);
+    std::filesystem::create_directories(fuzz.outDir);
+    Session session;
+    session.source.objPath = fuzz.outDir + "/tiny.obj";
+    writeObj(fuzzSourceMesh("tiny"), session.source.objPath);
+    session.camera = framingCamera(fuzzSourceMesh("tiny"));
+    addStroke(session, {380, 420}, {580, 420});
+    addStroke(session, {380, 300}, {580, 300});
+    session.steps.push_back(Key{Key::Name::kEnter});
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const SceneState state = sceneNow();
+    ASSERT_GE(state.activeMesh, 0);
+    EXPECT_TRUE(state.meshes[state.activeMesh].polygonCounts.empty());
+    const std::vector<double>& faces = locatorArray(state, "newFaces");
+    ASSERT_FALSE(faces.empty());
+    EXPECT_EQ(std::count(faces.begin(), faces.end(), -1.0), static_cast<long>(faces.size()));
+}
+
+TEST(FuzzKeptCases, ClearingTheAnchorsEmptiesTheShadowSizesAndKeepsItsPoints) {
+    Session session = patchSession();
+    session.steps.push_back(Command{"kyStrakeContext -e -refresh true kyStrakeContext1"});
+    EXPECT_FALSE(checkSession(session, options("refresh", 0)));
+    const SceneState state = sceneNow();
+    EXPECT_TRUE(locatorArray(state, "sizesShadow").empty());
+    EXPECT_FALSE(locatorArray(state, "strokesShadow").empty());
+}
+
+// With the source selected as the retopo mesh, a patch grows into the source, and projecting the
+// next one reads the source's per-face normals past their end; the fuzz loop ends the session there.
+TEST(FuzzKeptCases, APatchOnTheSourceItselfEndsTheSession) {
+    Session session = patchSession();
+    session.steps.insert(session.steps.begin(), Select{{"sourceMesh"}});
+    session.steps.push_back(Key{Key::Name::kEnter});
+    const auto found = checkSession(session, options("source", 0));
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->first.invariant, kSourceEdited);
+    EXPECT_EQ(found->second, static_cast<int>(session.steps.size()) - 1);
 }
 
 TEST(FuzzRun, ASeedReplaysTheSamePass) {
