@@ -88,15 +88,15 @@ bool sameAttribute(const SceneState& a, const SceneState& b, const std::string& 
 // An undo or redo starts the kept cases it causes; a later step that writes the arrays concerned
 // afresh ends them.
 void updateKeptCases(KeptCases& kept, const SceneState& before, const SceneState& after, bool undoOrRedo,
-                     bool restoresRowsAlone) {
+                     bool leavesRowsOutOfStep) {
     if (undoOrRedo) {
         kept.newFacesNotRestored = true;
-        kept.rowsRestoredAlone = kept.rowsRestoredAlone || restoresRowsAlone;
+        kept.rowsOutOfStep = kept.rowsOutOfStep || leavesRowsOutOfStep;
         return;
     }
     if (!sameAttribute(before, after, "newFaces")) kept.newFacesNotRestored = false;
     for (const char* attribute : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "strokesShadow"})
-        if (!sameAttribute(before, after, attribute)) kept.rowsRestoredAlone = false;
+        if (!sameAttribute(before, after, attribute)) kept.rowsOutOfStep = false;
 }
 
 // Plays the steps on a fresh scene, with or without the artist's panel; the first broken invariant
@@ -122,11 +122,12 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
         const bool undoneRewritesShadow = undo && lastJournalRewritesShadow(std::get<Undo>(step).times);
         const MStatus status = playStep(step, static_cast<int>(i), scene, outDir, playback, log);
         if (!status) ++counters.stepsFailed;
-        const bool restoresRowsAlone =
-            undoneSpans || (redo && lastJournalHolds(std::get<Redo>(step).times, kSpansJournalWord));
+        const bool leavesRowsOutOfStep =
+            ((undo || redo) && !status) || undoneSpans ||
+            (redo && lastJournalHolds(std::get<Redo>(step).times, kSpansJournalWord));
         SceneState after = captureSceneState(scene);
         carryRowsMesh(before, after);
-        updateKeptCases(kept, before, after, undo || redo, restoresRowsAlone);
+        updateKeptCases(kept, before, after, undo || redo, leavesRowsOutOfStep);
         const MeshArrays* now = findMesh(after, scene.sourceShape);
         if (now && stateDifferences(sourceOnly(sourceBefore), sourceOnly(*now)).size())
             return std::make_pair(Violation{kSourceEdited, "the tool changed the source mesh"},
@@ -138,7 +139,7 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
             beforeUndo = std::move(before);
             undoSucceeded = static_cast<bool>(status);
             pairRewritesShadow = undoneRewritesShadow;
-        } else if (i > 0 && isUndoRedoPair(session.steps, i - 1) && undoSucceeded) {
+        } else if (i > 0 && isUndoRedoPair(session.steps, i - 1) && undoSucceeded && status) {
             ++counters.undoPairsCompared;
             std::string detail;
             for (const std::string& difference : stateDifferences(beforeUndo, after))

@@ -78,7 +78,7 @@ void checkLocator(const SceneState& state, const KeptCases& kept, std::vector<Vi
     // Clearing the bridge or merge preview empties sizesShadow with it, on purpose, and leaves
     // strokesShadow as it is: a shadow with points and no sizes is kept as the tool makes it.
     const bool shadowSizesCleared = attribute(state, "sizesShadow").empty();
-    if (!kept.rowsRestoredAlone && !shadowSizesCleared)
+    if (!kept.rowsOutOfStep && !shadowSizesCleared)
         checkStrokeSet(state, "strokesShadow", "sizesShadow", found);
     checkStrokeSet(state, "strokesNondestruct", "sizesNondestruct", found);
 
@@ -108,7 +108,7 @@ void checkLocator(const SceneState& state, const KeptCases& kept, std::vector<Vi
     // A rebuild of a scratch patch that fails after it blocked the patch node returns at once and
     // leaves the node blocked, as the tool is meant to: the shape then shows the mesh without the
     // patch while the rows and new faces still name the patch's vertices and faces. Kept as it is.
-    if (retopo.patchBlocked || kept.rowsRestoredAlone) return;
+    if (retopo.patchBlocked || kept.rowsOutOfStep) return;
     for (const char* row : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "playervtx"})
         checkRow(state, row, retopo.vertexCount(), found);
     if (kept.newFacesNotRestored) return;

@@ -25,9 +25,11 @@ struct KeptCases {
     // The undo and redo of a change of spans (and of a twist, which files the same command) write
     // the rows back, and sizesShadow from the rows' lengths, but not the shadow's points; and the
     // mesh they write back is the snapshot staged by the last spans or twist gesture, so that after a
-    // MMB-CTRL click without a twist it is an older mesh, or none. The rows then need not fit the
-    // mesh, nor the shadow's sizes its points.
-    bool rowsRestoredAlone = false;
+    // MMB-CTRL click without a twist it is an older mesh, or none. And an undo or redo that fails
+    // half-way (the undo of a command that never saved a locator state, a restore of points after
+    // the topology changed) rolls nothing back. The rows then need not fit the mesh, nor the
+    // shadow's sizes its points.
+    bool rowsOutOfStep = false;
 };
 
 // Every broken invariant of the state, the kept cases aside; empty when all hold.
