@@ -37,7 +37,8 @@ int fuzzAndReport(const FuzzOptions& options) {
               << " sessions ended when the tool changed the source mesh\n";
     for (const FuzzFailure& failure : report.failures)
         if (!failure.sessionPath.empty())
-            std::cout << "  " << failure.violation.invariant << ": " << failure.sessionPath << " ("
+            std::cout << "  " << failure.violation.invariant << " on \"" << failure.source
+                      << "\": " << failure.sessionPath << " ("
                       << failure.shrunkSteps << " steps)\n";
     return report.failures.empty() ? 0 : 3;
 }
