@@ -43,12 +43,6 @@ const MeshArrays* findMesh(const SceneState& state, const std::string& name) {
     return nullptr;
 }
 
-SceneState sourceOnly(const MeshArrays& mesh) {
-    SceneState state;
-    state.meshes = {mesh};
-    return state;
-}
-
 // The journal word of the command that changes spans, which the twist gesture files as well.
 const char* const kSpansJournalWord = "kyStrake_changeSpans";
 
@@ -99,6 +93,44 @@ void updateKeptCases(KeptCases& kept, const SceneState& before, const SceneState
         if (!sameAttribute(before, after, attribute)) kept.rowsOutOfStep = false;
 }
 
+// Whether the source mesh, as it was at the start, has been changed (or removed) since.
+bool sourceChanged(const MeshArrays& original, const SceneState& state) {
+    const MeshArrays* now = findMesh(state, original.name);
+    return !now || now->points != original.points || now->polygonCounts != original.polygonCounts ||
+           now->polygonConnects != original.polygonConnects;
+}
+
+// The differences an undo-redo pair left, less those of the shadow when the commands undone write
+// it afresh; empty when the redo gave back the state before the undo.
+std::string undoRedoMismatch(const SceneState& beforeUndo, const SceneState& afterRedo, bool rewritesShadow) {
+    std::string detail;
+    for (const std::string& difference : stateDifferences(beforeUndo, afterRedo))
+        if (!rewritesShadow || !isShadowDifference(difference))
+            detail += (detail.empty() ? "" : ", ") + difference;
+    return detail;
+}
+
+// What the tool's undo states hold: the meshes and the locator's strokes, rows, shadow and player row.
+bool isUndoStateDifference(const std::string& difference) {
+    if (difference.rfind("mesh", 0) == 0) return true;
+    for (const char* attribute :
+         {"strokes", "sizes", "strokesShadow", "sizesShadow", "shadowIndices1", "shadowIndices2",
+          "shadowIndices3", "playervtx", "playersLine", "playerpts"})
+        if (difference == std::string("locator ") + attribute) return true;
+    return false;
+}
+
+// Whether a step changed what the undo states hold without filing a command (ESC clearing the rows,
+// a stroke drawn): a redo then writes back the state its command left, not the state before the
+// undo, so an undo-redo pair after it has nothing to be compared with.
+bool changedOffTheQueue(const SceneState& before, const SceneState& after,
+                        const std::vector<std::string>& journalBefore) {
+    if (mhost::driver::undoJournal() != journalBefore) return false;
+    for (const std::string& difference : stateDifferences(before, after))
+        if (isUndoStateDifference(difference)) return true;
+    return false;
+}
+
 // Plays the steps on a fresh scene, with or without the artist's panel; the first broken invariant
 // and its one-based step, if any.
 std::optional<std::pair<Violation, int>> playChecked(const Session& session, const PolygonMesh& source,
@@ -111,15 +143,17 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
     PlaybackResult playback;
     SceneState before = captureSceneState(scene);
     const MeshArrays* original = findMesh(before, scene.sourceShape);
-    const MeshArrays sourceBefore = original ? *original : MeshArrays();
+    const bool hasSource = original != nullptr;
+    const MeshArrays sourceBefore = hasSource ? *original : MeshArrays();
     SceneState beforeUndo;
-    bool undoSucceeded = false, pairRewritesShadow = false;
+    bool undoSucceeded = false, pairRewritesShadow = false, offTheQueue = false;
     KeptCases kept;
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const Step& step = session.steps[i];
         const bool undo = std::holds_alternative<Undo>(step), redo = std::holds_alternative<Redo>(step);
         const bool undoneSpans = undo && lastJournalHolds(std::get<Undo>(step).times, kSpansJournalWord);
         const bool undoneRewritesShadow = undo && lastJournalRewritesShadow(std::get<Undo>(step).times);
+        const std::vector<std::string> journalBefore = mhost::driver::undoJournal();
         const MStatus status = playStep(step, static_cast<int>(i), scene, outDir, playback, log);
         if (!status) ++counters.stepsFailed;
         const bool leavesRowsOutOfStep =
@@ -128,23 +162,23 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
         SceneState after = captureSceneState(scene);
         carryRowsMesh(before, after);
         updateKeptCases(kept, before, after, undo || redo, leavesRowsOutOfStep);
-        const MeshArrays* now = findMesh(after, scene.sourceShape);
-        if (now && stateDifferences(sourceOnly(sourceBefore), sourceOnly(*now)).size())
+        if (hasSource && sourceChanged(sourceBefore, after))
             return std::make_pair(Violation{kSourceEdited, "the tool changed the source mesh"},
                                   static_cast<int>(i + 1));
         const std::vector<Violation> violations = findViolations(after, kept);
         if (!violations.empty()) return std::make_pair(violations.front(), static_cast<int>(i + 1));
+        // A command filed starts afresh: its undo states hold everything that came before it.
+        if (!undo && !redo)
+            offTheQueue = journalBefore == mhost::driver::undoJournal() &&
+                          (offTheQueue || changedOffTheQueue(before, after, journalBefore));
         // An undo that went through, with its redo next: the redo must give back the state before it.
         if (isUndoRedoPair(session.steps, i)) {
             beforeUndo = std::move(before);
-            undoSucceeded = static_cast<bool>(status);
+            undoSucceeded = status && !offTheQueue;
             pairRewritesShadow = undoneRewritesShadow;
         } else if (i > 0 && isUndoRedoPair(session.steps, i - 1) && undoSucceeded && status) {
             ++counters.undoPairsCompared;
-            std::string detail;
-            for (const std::string& difference : stateDifferences(beforeUndo, after))
-                if (!pairRewritesShadow || !isShadowDifference(difference))
-                    detail += (detail.empty() ? "" : ", ") + difference;
+            const std::string detail = undoRedoMismatch(beforeUndo, after, pairRewritesShadow);
             if (!detail.empty())
                 return std::make_pair(Violation{kUndoRedoInvariant, "after undo and redo: " + detail},
                                       static_cast<int>(i + 1));
