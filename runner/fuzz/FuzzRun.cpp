@@ -79,6 +79,23 @@ bool sameAttribute(const SceneState& a, const SceneState& b, const std::string& 
     return x->second == y->second;
 }
 
+bool rowsCleared(const SceneState& state) {
+    for (const char* row : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "playervtx"}) {
+        const auto found = state.locator.find(row);
+        if (found != state.locator.end() && !found->second.empty()) return false;
+    }
+    return true;
+}
+
+bool polygonsChanged(const SceneState& before, const SceneState& after) {
+    if (after.rowsMesh < 0) return false;
+    const MeshArrays& now = after.meshes[after.rowsMesh];
+    for (const MeshArrays& mesh : before.meshes)
+        if (mesh.name == now.name)
+            return mesh.polygonCounts != now.polygonCounts || mesh.polygonConnects != now.polygonConnects;
+    return true;
+}
+
 // An undo or redo starts the kept cases it causes; a later step that writes the arrays concerned
 // afresh ends them.
 void updateKeptCases(KeptCases& kept, const SceneState& before, const SceneState& after, bool undoOrRedo,
@@ -89,8 +106,10 @@ void updateKeptCases(KeptCases& kept, const SceneState& before, const SceneState
         return;
     }
     if (!sameAttribute(before, after, "newFaces")) kept.newFacesNotRestored = false;
-    for (const char* attribute : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "strokesShadow"})
-        if (!sameAttribute(before, after, attribute)) kept.rowsOutOfStep = false;
+    // Rows come back in step with the mesh when a patch is built (the rows mesh's polygons change
+    // and the rows are written from it) or when they are cleared.
+    if (rowsCleared(after) || (!sameAttribute(before, after, "shadowIndices1") && polygonsChanged(before, after)))
+        kept.rowsOutOfStep = false;
 }
 
 // Whether the source mesh, as it was at the start, has been changed (or removed) since.

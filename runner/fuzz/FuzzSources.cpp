@@ -36,8 +36,8 @@ PolygonMesh nonManifoldMesh() {
     const int middleRow = side / 2 * (side + 1);
     for (int column = side / 4; column < side / 4 + 2; ++column) {
         const int a = middleRow + column, b = a + 1;
-        const auto& pa = mesh.points[a];
-        const auto& pb = mesh.points[b];
+        const auto pa = mesh.points[a];  // copies: the pushes below may move the points
+        const auto pb = mesh.points[b];
         const int top = static_cast<int>(mesh.points.size());
         mesh.points.push_back({pb[0], pb[1] + 1.5, pb[2]});
         mesh.points.push_back({pa[0], pa[1] + 1.5, pa[2]});
