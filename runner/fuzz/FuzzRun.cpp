@@ -108,7 +108,8 @@ void updateKeptCases(KeptCases& kept, const SceneState& before, const SceneState
     if (!sameAttribute(before, after, "newFaces")) kept.newFacesNotRestored = false;
     // Rows come back in step with the mesh when a patch is built (the rows mesh's polygons change
     // and the rows are written from it) or when they are cleared.
-    if (rowsCleared(after) || (!sameAttribute(before, after, "shadowIndices1") && polygonsChanged(before, after)))
+    if (rowsCleared(after) ||
+        (!sameAttribute(before, after, "shadowIndices1") && polygonsChanged(before, after)))
         kept.rowsOutOfStep = false;
 }
 

@@ -108,6 +108,10 @@ void checkLocator(const SceneState& state, const KeptCases& kept, std::vector<Vi
     // A rebuild of a scratch patch that fails after it blocked the patch node returns at once and
     // leaves the node blocked, as the tool is meant to: the shape then shows the mesh without the
     // patch while the rows and new faces still name the patch's vertices and faces. Kept as it is.
+    // When the host refuses the arrays a patch wrote into its node (quads merged under a large
+    // ky_mergThreshold can leave them so), the node's rebuild fails and gives an empty mesh, as the
+    // tool's patch node does; the rows and new faces still name what it held.
+    if (retopo.patchRefused) return;
     if (retopo.patchBlocked || kept.rowsOutOfStep) return;
     for (const char* row : {"shadowIndices1", "shadowIndices2", "shadowIndices3", "playervtx"})
         checkRow(state, row, retopo.vertexCount(), found);

@@ -56,8 +56,11 @@ MeshArrays readMesh(const MDagPath& path) {
     arrays.polygonCounts = toVector(counts);
     arrays.polygonConnects = toVector(connects);
     const MObject upstream = MFnDependencyNode(path.node()).findPlug("inMesh", false).source().node();
-    if (!upstream.isNull() && MFnDependencyNode(upstream).typeName() == "kyPatchNode")
-        arrays.patchBlocked = MFnDependencyNode(upstream).findPlug("nodeState", false).asInt() != 0;
+    if (!upstream.isNull() && MFnDependencyNode(upstream).typeName() == "kyPatchNode") {
+        const MFnDependencyNode patch(upstream);
+        arrays.patchBlocked = patch.findPlug("nodeState", false).asInt() != 0;
+        arrays.patchRefused = arrays.points.empty() && patch.findPlug("numverts", false).asInt() > 0;
+    }
     return arrays;
 }
 

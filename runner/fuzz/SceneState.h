@@ -18,6 +18,8 @@ struct MeshArrays {
     // The kyPatchNode directly above the shape is set to have no effect, so that the shape shows the
     // mesh as it was before that patch.
     bool patchBlocked = false;
+    // That node holds a mesh in its arrays, yet the shape is empty: the host refused the arrays.
+    bool patchRefused = false;
     int vertexCount() const { return static_cast<int>(points.size() / 3); }
 };
 

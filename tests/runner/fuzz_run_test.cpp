@@ -165,6 +165,17 @@ TEST(FuzzKeptCases, APatchOnTheSourceItselfEndsTheSession) {
     EXPECT_EQ(found->second, static_cast<int>(session.steps.size()) - 1);
 }
 
+// Two scratch patches on the relief, the second under a merge threshold of 1.6: the host refuses the
+// arrays the patch wrote, and the retopo mesh shows empty while newFaces still names faces.
+TEST(FuzzKeptCases, ArraysTheHostRefusesLeaveThePatchEmpty) {
+    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/refused_patch_arrays.json");
+    EXPECT_FALSE(checkSession(session, options("refused-arrays", 0)));
+    const SceneState state = sceneNow();
+    ASSERT_GE(state.activeMesh, 0);
+    EXPECT_TRUE(state.meshes[state.activeMesh].patchRefused);
+    EXPECT_FALSE(locatorArray(state, "newFaces").empty());
+}
+
 TEST(FuzzRun, ASeedReplaysTheSamePass) {
     const FuzzReport first = runFuzz(options("seed-a", 120), std::cout);
     const FuzzReport second = runFuzz(options("seed-b", 120), std::cout);
