@@ -15,6 +15,7 @@
 
 namespace kystrake {
 
+// What a fuzz pass runs, on what, and where its findings go.
 struct FuzzOptions {
     std::uint64_t seed = 1;
     long steps = 1000;        // in all, over as many sessions as it takes
@@ -36,6 +37,7 @@ extern const char* const kUndoRedoInvariant;
 // after that is checked.
 extern const char* const kSourceEdited;
 
+// A session that broke an invariant, with the shortest session that still breaks it.
 struct FuzzFailure {
     Violation violation;
     std::uint64_t sessionSeed = 0;
@@ -45,6 +47,7 @@ struct FuzzFailure {
     std::string sessionPath;  // that session's JSON file, empty when not shrunk
 };
 
+// The figures of a fuzz pass.
 struct FuzzReport {
     long stepsRun = 0;
     long stepsFailed = 0;  // steps whose host call failed: expected, not faults

@@ -10,6 +10,7 @@
 
 namespace kystrake {
 
+// One mesh shape as the arrays that define it.
 struct MeshArrays {
     std::string name;            // the shape's partial path name
     std::vector<double> points;  // x, y, z of each vertex, object space
@@ -23,6 +24,7 @@ struct MeshArrays {
     int vertexCount() const { return static_cast<int>(points.size() / 3); }
 };
 
+// The whole of what the fuzzer checks and compares, read at one moment.
 struct SceneState {
     std::vector<MeshArrays> meshes;  // every mesh shape that is not an intermediate object
     int activeMesh = -1;             // index in `meshes` of the first selected mesh, -1 when none

@@ -14,6 +14,7 @@ namespace kystrake {
 class FuzzRandom {
 public:
     explicit FuzzRandom(std::uint64_t seed) : state_(seed) {}
+    // The next 64 random bits.
     std::uint64_t next();
     // A whole number in [low, high].
     int between(int low, int high);
