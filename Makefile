@@ -4,7 +4,7 @@ JOBS ?= $(shell nproc)
 BUILD ?= build
 ASAN_BUILD ?= build-asan
 
-.PHONY: all bootstrap build test test-asan bench demo clean
+.PHONY: all bootstrap build test test-asan bench demo fuzz clean
 
 all: build
 
@@ -29,6 +29,11 @@ bench: build
 
 demo: build
 	@$(BUILD)/runner/kystrake demo
+
+# The long fuzz pass: a million random steps over every kind of source (SEED picks another pass).
+SEED ?= 1
+fuzz: build
+	@$(BUILD)/runner/kystrake fuzz --seed $(SEED) --steps 1000000 --out $(BUILD)/fuzz
 
 clean:
 	@rm -rf $(BUILD) $(ASAN_BUILD)

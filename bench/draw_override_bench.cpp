@@ -19,6 +19,7 @@
 #include <string>
 
 #include "drawing/DisplayList.h"
+#include "drawing/DrawRecorder.h"
 #include "drawing/HostFrameContext.h"
 #include "geometry/functions.h"
 #include "viewport/kyStrakeDrawOverride.h"
@@ -85,9 +86,9 @@ void drawFrame(benchmark::State& state) {
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
         mhost::DisplayList list;
-        MHWRender::MUIDrawManager manager(list);
+        mhost::DrawRecorder recorder(list);
         s.drawOverride->prepareForDraw(s.locatorPath, s.camera, context, nullptr);
-        s.drawOverride->addUIDrawables(s.locatorPath, manager, context, nullptr);
+        s.drawOverride->addUIDrawables(s.locatorPath, recorder.manager(), context, nullptr);
         benchmark::DoNotOptimize(list.records.data());
     }
     keepFigure(state, "frame",

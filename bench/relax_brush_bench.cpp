@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "drawing/DisplayList.h"
+#include "drawing/DrawRecorder.h"
 #include "drawing/HostFrameContext.h"
 #include "interaction/ContextState.h"
 #include "rawEmbree.h"
@@ -69,7 +70,8 @@ struct BrushScene {
     MDagPath source, retopo;
     kyStrakeContext context;
     mhost::DisplayList displayList;
-    MHWRender::MUIDrawManager drawManager{displayList};
+    mhost::DrawRecorder drawRecorder{displayList};
+    MHWRender::MUIDrawManager& drawManager = drawRecorder.manager();
     mhost::HostFrameContext frameContext{MDagPath(), 1280, 720};
     std::vector<Vec3> queries;  // the brushed vertices' positions, for the Embree side
 

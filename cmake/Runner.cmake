@@ -1,10 +1,10 @@
 # The kystrake runner: replays gesture sessions on the headless host. Its parts (sessions, OBJ files,
-# scene set-up, playback) form a library that the program and the runner tests share.
+# scene set-up, playback, the session fuzzer) form a library that the program and the runner tests share.
 find_package(nlohmann_json 3 REQUIRED)
 find_package(CLI11 REQUIRED)
 find_package(tinyobjloader REQUIRED)
 
-file(GLOB KY_RUNNER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/runner/*.cpp)
+file(GLOB KY_RUNNER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/runner/*.cpp ${PROJECT_SOURCE_DIR}/runner/fuzz/*.cpp)
 list(REMOVE_ITEM KY_RUNNER_SOURCES ${PROJECT_SOURCE_DIR}/runner/main.cpp)
 add_library(kystrakeRunner STATIC ${KY_RUNNER_SOURCES})
 target_include_directories(kystrakeRunner PUBLIC ${PROJECT_SOURCE_DIR} PRIVATE ${PROJECT_SOURCE_DIR}/host/src)

@@ -185,18 +185,21 @@ PlaybackResult playSession(const Session& session, const SceneNames& scene, cons
     PlaybackResult result;
     log.checkTextChannels();
     for (size_t i = 0; i < session.steps.size(); ++i) {
-        const Step& step = session.steps[i];
-        log.beginStep("step " + std::to_string(i + 1) + " " + actionName(step));
-        StepRunner run(scene, outDir, result, log, static_cast<int>(i));
-        const MStatus status = std::visit(run, step);
+        const MStatus status = playStep(session.steps[i], static_cast<int>(i), scene, outDir, result, log);
         ++result.stepsRun;
-        if (!status) {
-            ++result.stepsFailed;
-            log.note(std::string("failed: ") + status.errorString().asChar());
-        }
-        log.checkTextChannels();
+        if (!status) ++result.stepsFailed;
     }
     return result;
+}
+
+MStatus playStep(const Step& step, int index, const SceneNames& scene, const std::string& outDir,
+                 PlaybackResult& result, RunLog& log) {
+    log.beginStep("step " + std::to_string(index + 1) + " " + actionName(step));
+    StepRunner run(scene, outDir, result, log, index);
+    const MStatus status = std::visit(run, step);
+    if (!status) log.note(std::string("failed: ") + status.errorString().asChar());
+    log.checkTextChannels();
+    return status;
 }
 
 bool writeRetopoMesh(const SceneNames& scene, const std::string& path) {

@@ -2,6 +2,8 @@
 // Replays a session's steps on the set-up scene through the host's driver, capturing frames as PNG
 // pictures and noting everything in the run log.
 
+#include <maya/MStatus.h>
+
 #include <string>
 #include <vector>
 
@@ -22,6 +24,11 @@ struct PlaybackResult {
 // only when the output cannot be written.
 PlaybackResult playSession(const Session& session, const SceneNames& scene, const std::string& outDir,
                            RunLog& log);
+
+// Runs one step of the session, the `index`-th, as `playSession` does, and returns the status of its
+// host call; a failure is noted in the log but not counted.
+MStatus playStep(const Step& step, int index, const SceneNames& scene, const std::string& outDir,
+                 PlaybackResult& result, RunLog& log);
 
 // Writes the retopo mesh (the first selected mesh, else the first mesh other than the source) as OBJ.
 // Returns false when the scene holds no retopo mesh.

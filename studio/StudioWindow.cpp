@@ -9,7 +9,7 @@
 #include <QtWidgets/QStatusBar>
 
 #include "runner/SessionPlayer.h"
-#include "studio/SessionWriter.h"
+#include "runner/SessionWriter.h"
 #include "studio/StudioPanel.h"
 #include "studio/ViewportWidget.h"
 

@@ -9,7 +9,7 @@
 #include <iostream>
 
 #include "runner/SessionRun.h"
-#include "studio/SessionWriter.h"
+#include "runner/SessionWriter.h"
 #include "studio/StudioWindow.h"
 #include "studio/ViewportWidget.h"
 

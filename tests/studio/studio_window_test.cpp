@@ -20,7 +20,7 @@
 
 #include "runner/ObjFile.h"
 #include "runner/SourceMeshes.h"
-#include "studio/SessionWriter.h"
+#include "runner/SessionWriter.h"
 #include "studio/StudioWindow.h"
 #include "studio/ViewportWidget.h"
 

@@ -1,4 +1,4 @@
-#include "studio/SessionWriter.h"
+#include "runner/SessionWriter.h"
 
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -55,6 +55,8 @@ struct StepJson {
     json operator()(const Redo& s) const { return {{"redo", s.times}}; }
     json operator()(const Frame& s) const { return {{"frame", s.name}}; }
     json operator()(const CameraPlacement& s) const { return {{"camera", camera(s)}}; }
+    json operator()(const SaveScene& s) const { return {{"save", s.path}}; }
+    json operator()(const LoadScene& s) const { return {{"load", s.path}}; }
 
     static json gesture(const char* action, json value, MouseButton button, Modifiers modifiers) {
         json step{{action, std::move(value)}};

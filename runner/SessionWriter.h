@@ -1,6 +1,7 @@
 #pragma once
-// Writes a session as the JSON document the runner reads, so that what the artist did in the studio
-// replays with `kystrake run`. Reading the written text back gives the same session.
+// Writes a session as the JSON document the runner reads, so that a session made in code (what the
+// artist did in the studio, a shrunk fuzz failure) replays with `kystrake run` and reads like a
+// hand-written one. Reading the written text back gives the same session.
 
 #include <string>
 

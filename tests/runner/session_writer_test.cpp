@@ -1,17 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-
-#include "studio/OrbitCamera.h"
-#include "studio/SessionWriter.h"
+#include "runner/SessionWriter.h"
 
 namespace {
 
 using namespace kystrake;
-
-double distance(const Vec3& a, const Vec3& b) {
-    return std::sqrt(std::pow(a[0] - b[0], 2) + std::pow(a[1] - b[1], 2) + std::pow(a[2] - b[2], 2));
-}
 
 // Every kind of step, with the fields that differ from the reader's defaults, comes back as written.
 TEST(SessionWriter, WrittenSessionReadsBackStepForStep) {
@@ -33,7 +26,9 @@ TEST(SessionWriter, WrittenSessionReadsBackStepForStep) {
                      Undo{2},
                      Redo{1},
                      Frame{"end"},
-                     CameraPlacement{{1, 2, 3}, {0, 0, 0}, 45.0}};
+                     CameraPlacement{{1, 2, 3}, {0, 0, 0}, 45.0},
+                     SaveScene{"mid.json"},
+                     LoadScene{"mid.json"}};
     const Session back = parseSession(sessionJson(session));
     EXPECT_EQ(back.source.procedural, "torus");
     EXPECT_EQ(back.source.triangles, 5000);
@@ -62,42 +57,14 @@ TEST(SessionWriter, WrittenSessionReadsBackStepForStep) {
     EXPECT_EQ(std::get<double>(std::get<SetOptionVar>(back.steps[7]).value), 12.5);
     EXPECT_EQ(std::get<std::string>(std::get<SetOptionVar>(back.steps[8]).value), "a, b");
     EXPECT_EQ(std::get<Undo>(back.steps[10]).times, 2);
+    EXPECT_EQ(std::get<SaveScene>(back.steps[15]).path, "mid.json");
+    EXPECT_EQ(std::get<LoadScene>(back.steps[16]).path, "mid.json");
 }
 
 TEST(SessionWriter, ObjSourceIsWrittenAsAPath) {
     Session session;
     session.source.objPath = "/tmp/scan.obj";
     EXPECT_EQ(parseSession(sessionJson(session)).source.objPath, "/tmp/scan.obj");
-}
-
-// Tumbling keeps the eye's distance to the target and stops short of the poles; dollying never
-// reaches the target; tracking moves eye and target together.
-TEST(OrbitCamera, MovesKeepTheirInvariants) {
-    const CameraPlacement start{{2.0, 1.0, 10.0}, {2.0, 1.0, 0.0}, 45.0};
-    OrbitCamera tumbled(start);
-    tumbled.tumble(225, 0);  // a quarter turn round world Y
-    EXPECT_NEAR(distance(tumbled.placement().eye, start.target), 10.0, 1e-9);
-    EXPECT_NEAR(tumbled.placement().eye[1], 1.0, 1e-9);
-    EXPECT_NEAR(std::abs(tumbled.placement().eye[0] - 2.0), 10.0, 1e-9);
-    tumbled.tumble(0, -10000);  // far past the pole
-    EXPECT_LT(tumbled.placement().eye[1] - 1.0, 10.0);
-    EXPECT_GT(tumbled.placement().eye[1] - 1.0, 9.9);
-
-    OrbitCamera dollied(start);
-    dollied.dolly(100000, 0);
-    EXPECT_GT(distance(dollied.placement().eye, start.target), 0.0);
-    EXPECT_LT(distance(dollied.placement().eye, start.target), 0.01);
-    OrbitCamera away(start);
-    away.dolly(-100, 0);
-    EXPECT_GT(distance(away.placement().eye, start.target), 10.0);
-
-    OrbitCamera tracked(start);
-    tracked.track(50, -20, 500);
-    const CameraPlacement& moved = tracked.placement();
-    EXPECT_LT(moved.eye[0], start.eye[0]);  // the scene follows the pointer to the right
-    EXPECT_GT(moved.eye[1], start.eye[1]);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_NEAR(moved.eye[i] - start.eye[i], moved.target[i] - start.target[i], 1e-12);
 }
 
 }  // namespace

@@ -1,0 +1,227 @@
+// The fuzz loop on the host with the loaded plug-in: the scene read back as it is, corruption planted
+// in a real scene caught, a seed that replays the same, a clean short pass on every source kind, and
+// a failing session shrunk to the step at fault and written for `kystrake run`.
+
+#include <gtest/gtest.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MFnIntArrayData.h>
+#include <maya/MIntArray.h>
+#include <maya/MPlug.h>
+#include <maya/MSelectionList.h>
+#include <mhost/Driver.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+
+#include "runner/ObjFile.h"
+#include "runner/SceneSetup.h"
+#include "runner/fuzz/FuzzRun.h"
+#include "runner/fuzz/FuzzSources.h"
+#include "runner/fuzz/SceneState.h"
+#include "runner/fuzz/SessionGenerator.h"
+#include "runner/SessionWriter.h"
+
+namespace {
+
+using namespace kystrake;
+
+FuzzOptions options(const std::string& name, long steps, const std::string& source = "plane") {
+    FuzzOptions fuzz;
+    fuzz.steps = steps;
+    fuzz.sessionLength = 60;
+    fuzz.source = source;
+    fuzz.pluginPath = KY_PLUGIN_MODULE_PATH;
+    fuzz.outDir = testing::TempDir() + "kystrake-fuzz-" + name;
+    std::filesystem::remove_all(fuzz.outDir);
+    return fuzz;
+}
+
+void setIntArray(const char* attribute, const MIntArray& values) {
+    MSelectionList list;
+    MObject node;
+    ASSERT_TRUE(list.add("kyStrakeShape1") && list.getDependNode(0, node));
+    MFnIntArrayData data;
+    MObject array = data.create(values);
+    ASSERT_TRUE(MFnDependencyNode(node).findPlug(attribute, false).setValue(array));
+}
+
+// Three strokes and ENTER build a patch on the plane seen from the front and above.
+Session patchSession() {
+    Session session;
+    session.source.procedural = "plane";
+    session.source.triangles = 2000;
+    session.camera = framingCamera(fuzzSourceMesh("plane"));
+    for (int row : {420, 360, 300}) {
+        session.steps.push_back(Press{Pixel{330, row}, MouseButton::kLeft, {}});
+        session.steps.push_back(
+            Drag{{{400, row}, {480, row}, {560, row}, {630, row}}, MouseButton::kLeft, {}});
+        session.steps.push_back(Release{Pixel{630, row}, MouseButton::kLeft, {}});
+    }
+    session.steps.push_back(Key{Key::Name::kEnter});
+    return session;
+}
+
+// A real scene with a patch: clean as built; then a row planted one past the retopo mesh's vertices
+// and a size planted without its points are read back and caught, and a vertex moved by a thousandth
+// shows as a difference.
+TEST(FuzzScene, CorruptionPlantedInTheSceneIsCaught) {
+    const FuzzOptions fuzz = options("planted", 0);
+    const Session session = patchSession();
+    ASSERT_FALSE(checkSession(session, fuzz));
+    const SceneNames scene{"sourceMeshShape", "kyStrakeShape1", "kyStrakeContext1"};
+    const SceneState built = captureSceneState(scene);
+    ASSERT_GE(built.activeMesh, 0) << "the patch made no retopo mesh";
+    const MeshArrays& retopo = built.meshes[built.activeMesh];
+    ASSERT_GT(retopo.polygonCounts.size(), 0u);
+    EXPECT_TRUE(findViolations(built).empty());
+    EXPECT_FALSE(built.locator.at("strokesShadow").empty());
+
+    MIntArray row;
+    row.append(0);
+    row.append(retopo.vertexCount());
+    setIntArray("shadowIndices2", row);
+    MIntArray sizes;
+    sizes.append(5);
+    setIntArray("sizes", sizes);
+    const std::vector<Violation> found = findViolations(captureSceneState(scene));
+    ASSERT_EQ(found.size(), 2u);
+    EXPECT_EQ(found[0].invariant, "stroke set");
+    EXPECT_EQ(found[1].invariant, "row vertex id");
+
+    ASSERT_TRUE(mhost::driver::runCommand("move -r 0 0 0.001 kyMeshShape1.vtx[2]"));
+    SceneState moved = captureSceneState(scene);
+    const std::vector<std::string> differences = stateDifferences(built, moved);
+    EXPECT_NE(std::find(differences.begin(), differences.end(), "mesh " + retopo.name + " points"),
+              differences.end());
+}
+
+void addStroke(Session& session, Pixel from, Pixel to, Modifiers press = {}, Modifiers drag = {},
+               MouseButton button = MouseButton::kLeft) {
+    session.steps.push_back(Press{from, button, press});
+    session.steps.push_back(Drag{{from, {(from[0] + to[0]) / 2, (from[1] + to[1]) / 2}, to}, button, drag});
+    session.steps.push_back(Release{to, button, drag});
+}
+
+const std::vector<double>& locatorArray(const SceneState& state, const char* attribute) {
+    return state.locator.at(attribute);
+}
+
+SceneState sceneNow() { return captureSceneState({"", "kyStrakeShape1", "kyStrakeContext1"}); }
+
+// The tool's own behaviours that leave the locator out of step with the mesh, each replayed: the
+// fuzz checks pass over them, and the state shows the behaviour itself.
+TEST(FuzzKeptCases, ARedrawWithNoGridLeavesThePatchBlockedAndTheRowsAsTheyWere) {
+    Session session = patchSession();
+    // SHIFT at the press and CTRL in the drag: a redraw stroke whose points never reached the
+    // surface, so the rebuild finds nothing to project and returns with the patch node blocked.
+    addStroke(session, {481, 190}, {547, 381}, {true, false}, {false, true});
+    addStroke(session, {300, 600}, {400, 610}, {false, true}, {false, true});
+    EXPECT_FALSE(checkSession(session, options("blocked", 0)));
+    const SceneState state = sceneNow();
+    ASSERT_GE(state.activeMesh, 0);
+    EXPECT_TRUE(state.meshes[state.activeMesh].patchBlocked);
+    EXPECT_EQ(state.meshes[state.activeMesh].vertexCount(), 0);
+    EXPECT_FALSE(locatorArray(state, "shadowIndices1").empty());
+}
+
+TEST(FuzzKeptCases, QuadsRefusedOnASourceBelowTheMergeThresholdLeaveFaceIdsMinusOne) {
+    FuzzOptions fuzz = options("refused", 0);
+    std::filesystem::create_directories(fuzz.outDir);
+    Session session;
+    session.source.objPath = fuzz.outDir + "/tiny.obj";
+    writeObj(fuzzSourceMesh("tiny"), session.source.objPath);
+    session.camera = framingCamera(fuzzSourceMesh("tiny"));
+    addStroke(session, {380, 420}, {580, 420});
+    addStroke(session, {380, 300}, {580, 300});
+    session.steps.push_back(Key{Key::Name::kEnter});
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const SceneState state = sceneNow();
+    ASSERT_GE(state.activeMesh, 0);
+    EXPECT_TRUE(state.meshes[state.activeMesh].polygonCounts.empty());
+    const std::vector<double>& faces = locatorArray(state, "newFaces");
+    ASSERT_FALSE(faces.empty());
+    EXPECT_EQ(std::count(faces.begin(), faces.end(), -1.0), static_cast<long>(faces.size()));
+}
+
+TEST(FuzzKeptCases, ClearingTheAnchorsEmptiesTheShadowSizesAndKeepsItsPoints) {
+    Session session = patchSession();
+    session.steps.push_back(Command{"kyStrakeContext -e -refresh true kyStrakeContext1"});
+    EXPECT_FALSE(checkSession(session, options("refresh", 0)));
+    const SceneState state = sceneNow();
+    EXPECT_TRUE(locatorArray(state, "sizesShadow").empty());
+    EXPECT_FALSE(locatorArray(state, "strokesShadow").empty());
+}
+
+// With the source selected as the retopo mesh, a patch grows into the source, and projecting the
+// next one reads the source's per-face normals past their end; the fuzz loop ends the session there.
+TEST(FuzzKeptCases, APatchOnTheSourceItselfEndsTheSession) {
+    Session session = patchSession();
+    session.steps.insert(session.steps.begin(), Select{{"sourceMesh"}});
+    session.steps.push_back(Key{Key::Name::kEnter});
+    const auto found = checkSession(session, options("source", 0));
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->first.invariant, kSourceEdited);
+    EXPECT_EQ(found->second, static_cast<int>(session.steps.size()) - 1);
+}
+
+// Two scratch patches on the relief, the second under a merge threshold of 1.6: the host refuses the
+// arrays the patch wrote, and the retopo mesh shows empty while newFaces still names faces.
+TEST(FuzzKeptCases, ArraysTheHostRefusesLeaveThePatchEmpty) {
+    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/refused_patch_arrays.json");
+    EXPECT_FALSE(checkSession(session, options("refused-arrays", 0)));
+    const SceneState state = sceneNow();
+    ASSERT_GE(state.activeMesh, 0);
+    EXPECT_TRUE(state.meshes[state.activeMesh].patchRefused);
+    EXPECT_FALSE(locatorArray(state, "newFaces").empty());
+}
+
+TEST(FuzzRun, ASeedReplaysTheSamePass) {
+    const FuzzReport first = runFuzz(options("seed-a", 120), std::cout);
+    const FuzzReport second = runFuzz(options("seed-b", 120), std::cout);
+    EXPECT_EQ(first.stepsRun, 120);
+    EXPECT_EQ(first.sessions, 2);
+    EXPECT_EQ(first.stepsFailed, second.stepsFailed);
+    EXPECT_EQ(first.undoPairsCompared, second.undoPairsCompared);
+    EXPECT_GT(first.undoPairsCompared, 0);
+}
+
+// A short pass on each source kind, with and without the panel, breaks no invariant.
+TEST(FuzzRun, AShortPassOnEverySourceIsClean) {
+    for (const std::string& source : fuzzSourceNames()) {
+        FuzzOptions fuzz = options("clean-" + source, 120, source);
+        fuzz.panel = source.size() % 2 == 0;
+        const FuzzReport report = runFuzz(fuzz, std::cout);
+        EXPECT_EQ(report.stepsRun, 120) << source;
+        for (const FuzzFailure& failure : report.failures)
+            ADD_FAILURE() << source << " step " << failure.step << ": " << failure.violation.invariant << ": "
+                          << failure.violation.detail << " (" << failure.sessionPath << ")";
+    }
+}
+
+// A mode value no preview has, set by script in the middle of random steps, is caught at its step and
+// shrunk to that one step; the session file written replays to the same failure.
+TEST(FuzzRun, AFailingSessionShrinksToTheStepAtFault) {
+    FuzzOptions fuzz = options("shrink", 0);
+    Session session = patchSession();
+    const FuzzView view{session.viewWidth, session.viewHeight, *session.camera};
+    session.steps = generateSteps(3, 30, view);
+    const int planted = static_cast<int>(session.steps.size()) + 1;
+    session.steps.push_back(Command{"setAttr kyStrakeShape1.mode 7"});
+    const std::vector<Step> after = generateSteps(4, 10, view);
+    session.steps.insert(session.steps.end(), after.begin(), after.end());
+
+    const auto found = checkSession(session, fuzz);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->first.invariant, "preview mode");
+    EXPECT_EQ(found->second, planted);
+
+    const Session shrunk = shrinkFailingSession(session, fuzzSourceMesh("plane"), fuzz, "preview mode");
+    ASSERT_EQ(shrunk.steps.size(), 1u);
+    EXPECT_EQ(std::get<Command>(shrunk.steps[0]).text, "setAttr kyStrakeShape1.mode 7");
+    const auto replayed = checkSession(parseSession(sessionJson(shrunk)), fuzz);
+    ASSERT_TRUE(replayed);
+    EXPECT_EQ(replayed->second, 1);
+}
+
+}  // namespace
