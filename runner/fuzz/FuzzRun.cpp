@@ -13,6 +13,7 @@
 #include "runner/SourceMeshes.h"
 #include "runner/ToolPanel.h"
 #include "runner/fuzz/FuzzSources.h"
+#include "runner/fuzz/OffQueueChanges.h"
 #include "runner/fuzz/SceneState.h"
 #include "runner/fuzz/SessionGenerator.h"
 #include "runner/SessionWriter.h"
@@ -22,6 +23,7 @@ namespace kystrake {
 
 const char* const kUndoRedoInvariant = "undo redo";
 const char* const kSourceEdited = "source edited";
+const char* const kSceneRoundTrip = "scene round trip";
 
 namespace {
 
@@ -35,6 +37,13 @@ bool isUndoRedoPair(const std::vector<Step>& steps, size_t undo) {
     const Undo* first = std::get_if<Undo>(&steps[undo]);
     const Redo* second = std::get_if<Redo>(&steps[undo + 1]);
     return first && second && first->times == second->times;
+}
+
+bool isSaveLoadPair(const std::vector<Step>& steps, size_t save) {
+    if (save + 1 >= steps.size()) return false;
+    const SaveScene* first = std::get_if<SaveScene>(&steps[save]);
+    const LoadScene* second = std::get_if<LoadScene>(&steps[save + 1]);
+    return first && second && first->path == second->path;
 }
 
 const MeshArrays* findMesh(const SceneState& state, const std::string& name) {
@@ -130,6 +139,21 @@ std::string undoRedoMismatch(const SceneState& beforeUndo, const SceneState& aft
     return detail;
 }
 
+// The differences between the scene saved and the scene opened from its file, less the points of
+// shapes with history: points set on such a shape (the brushes' moves on a patch) are not part of
+// the file, as its history computes them afresh when the scene opens; empty when nothing was lost.
+std::string sceneRoundTripMismatch(const SceneState& saved, const SceneState& opened) {
+    std::string detail;
+    for (const std::string& difference : stateDifferences(saved, opened)) {
+        const bool pointsOfHistory =
+            std::any_of(saved.meshes.begin(), saved.meshes.end(), [&](const MeshArrays& mesh) {
+                return mesh.hasHistory && difference == "mesh " + mesh.name + " points";
+            });
+        if (!pointsOfHistory) detail += (detail.empty() ? "" : ", ") + difference;
+    }
+    return detail;
+}
+
 // What the tool's undo states hold: the meshes and the locator's strokes, rows, shadow and player row.
 bool isUndoStateDifference(const std::string& difference) {
     if (difference.rfind("mesh", 0) == 0) return true;
@@ -140,12 +164,16 @@ bool isUndoStateDifference(const std::string& difference) {
     return false;
 }
 
-// Whether a step changed what the undo states hold without filing a command (ESC clearing the rows,
-// a stroke drawn): a redo then writes back the state its command left, not the state before the
-// undo, so an undo-redo pair after it has nothing to be compared with.
-bool changedOffTheQueue(const SceneState& before, const SceneState& after,
-                        const std::vector<std::string>& journalBefore) {
-    if (mhost::driver::undoJournal() != journalBefore) return false;
+// Whether a mesh shows empty because the host refused its patch node's arrays. A snapshot of the
+// mesh then holds nothing, and a redo that writes it back empties the node's arrays: the node gives
+// another mesh than the refused one, so an undo-redo pair from such a state is not compared.
+bool showsARefusedPatch(const SceneState& state) {
+    return std::any_of(state.meshes.begin(), state.meshes.end(),
+                       [](const MeshArrays& mesh) { return mesh.patchRefused; });
+}
+
+// Whether a step changed what the undo states hold (see OffQueueChanges for when that matters).
+bool changedUndoState(const SceneState& before, const SceneState& after) {
     for (const std::string& difference : stateDifferences(before, after))
         if (isUndoStateDifference(difference)) return true;
     return false;
@@ -157,6 +185,8 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
                                                      const std::string& pluginPath, const std::string& outDir,
                                                      bool withPanel, Counters& counters) {
     RunLog log(false);
+    // A load finds only what this session saved, so that it replays the same on its own.
+    std::filesystem::remove(scenePath(kFuzzSceneFile, outDir));
     const SceneNames scene = setUpScene(session, source, pluginPath);
     std::optional<ToolPanel> panel;
     if (withPanel) panel.emplace();
@@ -166,7 +196,8 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
     const bool hasSource = original != nullptr;
     const MeshArrays sourceBefore = hasSource ? *original : MeshArrays();
     SceneState beforeUndo;
-    bool undoSucceeded = false, pairRewritesShadow = false, offTheQueue = false;
+    bool undoSucceeded = false, pairRewritesShadow = false, savedScene = false;
+    OffQueueChanges offQueue;
     KeptCases kept;
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const Step& step = session.steps[i];
@@ -187,14 +218,22 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
                                   static_cast<int>(i + 1));
         const std::vector<Violation> violations = findViolations(after, kept);
         if (!violations.empty()) return std::make_pair(violations.front(), static_cast<int>(i + 1));
-        // A command filed starts afresh: its undo states hold everything that came before it.
-        if (!undo && !redo)
-            offTheQueue = journalBefore == mhost::driver::undoJournal() &&
-                          (offTheQueue || changedOffTheQueue(before, after, journalBefore));
+        const size_t depthBefore = journalBefore.size(), depthAfter = mhost::driver::undoJournal().size();
+        if (redo)
+            offQueue.afterRedo(depthBefore, depthAfter);
+        else if (undo)
+            offQueue.afterUndo(depthAfter, !status || undoneSpans);
+        else
+            offQueue.afterStep(depthBefore, depthAfter,
+                               depthAfter == depthBefore && changedUndoState(before, after));
         // An undo that went through, with its redo next: the redo must give back the state before it.
         if (isUndoRedoPair(session.steps, i)) {
             beforeUndo = std::move(before);
-            undoSucceeded = status && !offTheQueue;
+            // An undo of more steps than the queue holds undoes what there is and warns; its redo
+            // would then redo older steps undone before, so only a full undo makes a pair.
+            const size_t times = static_cast<size_t>(std::get<Undo>(step).times);
+            undoSucceeded = status && depthBefore - depthAfter == times &&
+                            !offQueue.anyFollowed(depthBefore, times) && !showsARefusedPatch(beforeUndo);
             pairRewritesShadow = undoneRewritesShadow;
         } else if (i > 0 && isUndoRedoPair(session.steps, i - 1) && undoSucceeded && status) {
             ++counters.undoPairsCompared;
@@ -203,6 +242,13 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
                 return std::make_pair(Violation{kUndoRedoInvariant, "after undo and redo: " + detail},
                                       static_cast<int>(i + 1));
         }
+        if (i > 0 && isSaveLoadPair(session.steps, i - 1) && savedScene && status) {
+            const std::string detail = sceneRoundTripMismatch(before, after);
+            if (!detail.empty())
+                return std::make_pair(Violation{kSceneRoundTrip, "after save and load: " + detail},
+                                      static_cast<int>(i + 1));
+        }
+        savedScene = std::holds_alternative<SaveScene>(step) && status;
         before = std::move(after);
     }
     return std::nullopt;
@@ -263,6 +309,9 @@ void shrinkAndWrite(Session session, const FuzzSource& source, const FuzzOptions
 
 FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
     std::filesystem::create_directories(options.outDir);
+    // Thousands of sessions' undo lines and warnings would bury the pass's own findings; the checks
+    // read the scene, not the printed lines.
+    mhost::driver::setMessageEcho(false);
     const auto start = std::chrono::steady_clock::now();
     FuzzReport report;
     const std::vector<std::string>& names = fuzzSourceNames();
@@ -311,6 +360,7 @@ FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
                      << " sessions\n";
     }
     report.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    mhost::driver::setMessageEcho(true);
     return report;
 }
 

@@ -30,6 +30,9 @@ struct FuzzOptions {
 // The invariant "undo redo" is the one an undo-redo pair breaks when the redo does not give back the
 // state before the undo, bit for bit.
 extern const char* const kUndoRedoInvariant;
+// The invariant "scene round trip" is the one a save-load pair breaks when the scene opened is not
+// the scene saved, bit for bit.
+extern const char* const kSceneRoundTrip;
 // Not an invariant but the end of a session: the tool has changed the source mesh, which happens
 // when the artist selects the source as the retopo mesh. The tool keeps the per-face normals it took
 // of the source when it was activated and reads them, unguarded, by the ids of faces hit on the

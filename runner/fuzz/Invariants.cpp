@@ -82,8 +82,10 @@ void checkLocator(const SceneState& state, const KeptCases& kept, std::vector<Vi
         checkStrokeSet(state, "strokesShadow", "sizesShadow", found);
     checkStrokeSet(state, "strokesNondestruct", "sizesNondestruct", found);
 
-    // The two position forms of the player row are written together with the same value.
-    if (attribute(state, "playerpts") != attribute(state, "playersLine"))
+    // The two position forms of the player row are written together with the same value. BACKSPACE
+    // on the anchors clears the line alone and leaves the points as the anchors left them.
+    const std::vector<double>& playerLine = attribute(state, "playersLine");
+    if (!playerLine.empty() && attribute(state, "playerpts") != playerLine)
         found.push_back({"player row", "playerpts and playersLine differ"});
 
     const size_t fusePoints = attribute(state, "fusemesh").size() / 4;

@@ -56,6 +56,7 @@ MeshArrays readMesh(const MDagPath& path) {
     arrays.polygonCounts = toVector(counts);
     arrays.polygonConnects = toVector(connects);
     const MObject upstream = MFnDependencyNode(path.node()).findPlug("inMesh", false).source().node();
+    arrays.hasHistory = !upstream.isNull();
     if (!upstream.isNull() && MFnDependencyNode(upstream).typeName() == "kyPatchNode") {
         const MFnDependencyNode patch(upstream);
         arrays.patchBlocked = patch.findPlug("nodeState", false).asInt() != 0;

@@ -16,6 +16,9 @@ struct MeshArrays {
     std::vector<double> points;  // x, y, z of each vertex, object space
     std::vector<int> polygonCounts;
     std::vector<int> polygonConnects;
+    // Its inMesh is fed by history, which computes its points afresh whenever it evaluates: points
+    // set on the shape itself last only until then.
+    bool hasHistory = false;
     // The kyPatchNode directly above the shape is set to have no effect, so that the shape shows the
     // mesh as it was before that patch.
     bool patchBlocked = false;

@@ -1,11 +1,14 @@
 #include "runner/fuzz/SessionGenerator.h"
 
+#include <climits>
 #include <cmath>
 #include <string>
 
 #include "runner/GestureSteps.h"
 
 namespace kystrake {
+
+const char* const kFuzzSceneFile = "fuzz-scene.json";
 
 std::uint64_t FuzzRandom::next() {
     std::uint64_t z = (state_ += 0x9e3779b97f4a7c15ULL);
@@ -51,15 +54,17 @@ public:
         if (roll < 92) return steps.push_back(Undo{random_.between(1, 3)});
         if (roll < 94) return steps.push_back(Redo{random_.between(1, 3)});
         if (roll < 97) return steps.push_back(selection());
-        if (roll < 99) return steps.push_back(cameraMove());
+        if (roll < 98) return steps.push_back(cameraMove());
+        if (roll < 99) return addSceneRoundTrip(steps);
         steps.push_back(Frame{"fuzz"});
     }
 
 private:
     // Mostly where the source shows, in the middle of the view; sometimes anywhere in it, and now and
-    // then far outside.
+    // then far outside, as far as an event's short coordinates reach (what a session file may hold).
     Pixel randomPixel() {
-        if (random_.chance(0.02)) return {random_.between(-100000, 100000), random_.between(-100000, 100000)};
+        if (random_.chance(0.02))
+            return {random_.between(-SHRT_MAX, SHRT_MAX), random_.between(-SHRT_MAX, SHRT_MAX)};
         if (random_.chance(0.1))
             return {random_.between(-20, view_.width + 20), random_.between(-20, view_.height + 20)};
         return {random_.between(view_.width / 5, view_.width * 4 / 5),
@@ -206,6 +211,12 @@ private:
     }
 
     // The home camera orbited about its target and moved nearer or farther.
+    // The scene saved and opened again at once, as an artist does between sittings.
+    void addSceneRoundTrip(std::vector<Step>& steps) {
+        steps.push_back(SaveScene{kFuzzSceneFile});
+        steps.push_back(LoadScene{kFuzzSceneFile});
+    }
+
     CameraPlacement cameraMove() {
         CameraPlacement camera = view_.home;
         const double angle = random_.real(-1.2, 1.2), rise = random_.real(-0.6, 0.6),

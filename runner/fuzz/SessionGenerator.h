@@ -35,9 +35,13 @@ struct FuzzView {
     CameraPlacement home;
 };
 
+// The scene file of the generated save and load steps, in the fuzz pass's output folder.
+extern const char* const kFuzzSceneFile;
+
 // About `count` steps (a gesture is never cut short, so the last may run a few over) for the context
 // "kyStrakeContext1". Every undo followed at once by a redo of the same count is a pair whose redo
-// must give back the state before the undo.
+// must give back the state before the undo; every save followed at once by a load of the same file
+// must give back the scene as it was saved.
 std::vector<Step> generateSteps(std::uint64_t seed, int count, const FuzzView& view);
 
 }  // namespace kystrake

@@ -1,5 +1,6 @@
 // The fuzzer's own parts on plain data: the invariant checker against planted corruptions, the bit
-// comparison of states, the shrinker, and the generator's steps as JSON.
+// comparison of states, the record of changes made off the undo queue, the shrinker, and the
+// generator's steps as JSON.
 
 #include <gtest/gtest.h>
 
@@ -7,6 +8,7 @@
 #include <functional>
 
 #include "runner/fuzz/Invariants.h"
+#include "runner/fuzz/OffQueueChanges.h"
 #include "runner/fuzz/SessionGenerator.h"
 #include "runner/SessionWriter.h"
 #include "runner/fuzz/Shrinker.h"
@@ -76,6 +78,10 @@ TEST(FuzzInvariants, AConsistentPatchStateBreaksNothing) {
     SceneState cleared = patchedState();
     cleared.locator["sizesShadow"].clear();
     EXPECT_TRUE(findViolations(cleared).empty());
+    // And a player row whose line BACKSPACE cleared while its points stayed.
+    SceneState backspaced = patchedState();
+    backspaced.locator["playersLine"].clear();
+    EXPECT_TRUE(findViolations(backspaced).empty());
 }
 
 // Each corruption is planted at the first value out of bounds, so that a check that lets the bound
@@ -131,6 +137,8 @@ TEST(FuzzInvariants, EachPlantedCorruptionIsCaughtByItsInvariant) {
         {"player id at the vertex count", [](SceneState& s) { s.locator["playervtx"][0] = 6; },
          "row vertex id"},
         {"player positions apart", [](SceneState& s) { s.locator["playerpts"][0] = 0.5; }, "player row"},
+        {"player points cleared apart from the line", [](SceneState& s) { s.locator["playerpts"].clear(); },
+         "player row"},
         {"preview triangle cut short", [](SceneState& s) { s.locator["fuseindices"].pop_back(); },
          "fuse preview"},
         {"preview point at the point count", [](SceneState& s) { s.locator["fuseindices"][2] = 6; },
@@ -238,6 +246,49 @@ bool holds(const std::vector<Step>& steps, int number) {
     for (const Step& step : steps)
         if (std::get<Undo>(step).times == number) return true;
     return false;
+}
+
+// Commands A, B, C filed at depths 1 to 3, with the rows cleared by ESC between A and B.
+OffQueueChanges escapeAfterTheFirstOfThree() {
+    OffQueueChanges changes;
+    changes.afterStep(0, 1, false);
+    changes.afterStep(1, 1, true);
+    changes.afterStep(1, 2, false);
+    changes.afterStep(2, 3, false);
+    return changes;
+}
+
+TEST(FuzzOffQueueChanges, AnUndoRunOverAChangeOffTheQueueComparesNothing) {
+    const OffQueueChanges changes = escapeAfterTheFirstOfThree();
+    EXPECT_FALSE(changes.anyFollowed(3, 1));  // C alone
+    EXPECT_FALSE(changes.anyFollowed(3, 2));  // C and B
+    EXPECT_TRUE(changes.anyFollowed(3, 3));   // down to A, which the ESC followed
+    EXPECT_TRUE(changes.anyFollowed(1, 1));   // A on top, once B and C are undone
+    EXPECT_TRUE(changes.anyFollowed(3, 9));   // more than the queue holds
+}
+
+TEST(FuzzOffQueueChanges, ARedoOrANewCommandPutsTheCommandBackAsItLeftTheScene) {
+    OffQueueChanges redone = escapeAfterTheFirstOfThree();
+    redone.afterRedo(0, 3);  // A, B and C undone, then redone
+    EXPECT_FALSE(redone.anyFollowed(3, 3));
+
+    OffQueueChanges refiled = escapeAfterTheFirstOfThree();
+    refiled.afterStep(0, 1, false);  // everything undone, then a new command filed
+    EXPECT_FALSE(refiled.anyFollowed(1, 1));
+    refiled.afterStep(1, 3, false);  // a script filing two commands at once
+    EXPECT_FALSE(refiled.anyFollowed(3, 3));
+}
+
+TEST(FuzzOffQueueChanges, AnUndoThatLeavesAnotherStateMarksTheCommandBelow) {
+    OffQueueChanges changes;
+    changes.afterStep(0, 1, false);
+    changes.afterStep(1, 2, false);
+    changes.afterStep(2, 3, false);
+    changes.afterUndo(2, false);
+    EXPECT_FALSE(changes.anyFollowed(2, 2));
+    changes.afterUndo(1, true);
+    EXPECT_TRUE(changes.anyFollowed(1, 1));
+    EXPECT_FALSE(changes.anyFollowed(0, 1));
 }
 
 TEST(FuzzShrinker, KeepsOnlyTheStepsTheFailureNeeds) {

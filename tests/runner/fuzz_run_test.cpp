@@ -176,6 +176,116 @@ TEST(FuzzKeptCases, ArraysTheHostRefusesLeaveThePatchEmpty) {
     EXPECT_FALSE(locatorArray(state, "newFaces").empty());
 }
 
+void click(Session& session, Pixel at, MouseButton button, Modifiers modifiers) {
+    session.steps.push_back(Press{at, button, modifiers});
+    session.steps.push_back(Release{at, button, modifiers});
+}
+
+// Plays `session` less its last undo-redo pair with the fuzz checks, then that pair by hand; the
+// scene before the undo and after the redo.
+std::pair<SceneState, SceneState> statesAroundTheLastPair(Session session, const FuzzOptions& fuzz) {
+    const int times = std::get<Undo>(session.steps[session.steps.size() - 2]).times;
+    session.steps.resize(session.steps.size() - 2);
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const SceneState beforeUndo = sceneNow();
+    for (int i = 0; i < times; ++i) EXPECT_TRUE(mhost::driver::undo());
+    for (int i = 0; i < times; ++i) EXPECT_TRUE(mhost::driver::redo());
+    return {beforeUndo, sceneNow()};
+}
+
+// A change of spans files the rows handed over at its gesture; ESC then clears the rows without
+// filing anything, and a brush stroke files a command whose undo puts back points, not rows. Undoing
+// back to the change of spans finds the rows cleared, its redo writes back the rows of its gesture,
+// so the pair is not compared.
+TEST(FuzzKeptCases, AnUndoRunOverAnEscapeRedoesTheRowsOfTheGesture) {
+    Session session = patchSession();
+    click(session, {480, 360}, MouseButton::kMiddle, {true, false});  // a change of spans, no drag
+    session.steps.push_back(Key{Key::Name::kEscape});
+    click(session, {480, 360}, MouseButton::kMiddle, {});  // a move-brush stroke
+    session.steps.push_back(Undo{1});
+    session.steps.push_back(Undo{1});
+    session.steps.push_back(Redo{1});
+    const FuzzOptions fuzz = options("escape", 0);
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    EXPECT_TRUE(locatorArray(beforeUndo, "shadowIndices1").empty());
+    EXPECT_FALSE(locatorArray(afterRedo, "shadowIndices1").empty());
+}
+
+// The undo of a scratch patch fails (it saved no locator state) and leaves the patch's rows while
+// the queue moves below it; undoing two changes of spans and redoing them then writes back the rows
+// of their gestures, not the patch's.
+TEST(FuzzKeptCases, AnUndoRunAfterAFailedUndoRedoesTheRowsOfItsCommands) {
+    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/undo_run_after_failed_undo.json");
+    const FuzzOptions fuzz = options("failed-undo", 0);
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    EXPECT_NE(locatorArray(beforeUndo, "shadowIndices1"), locatorArray(afterRedo, "shadowIndices1"));
+}
+
+// Two anchors picked on the patch's border, then BACKSPACE: the first anchor stays in the player
+// points while the line is cleared on its own.
+TEST(FuzzKeptCases, BackspaceOnTwoAnchorsClearsThePlayerLineAlone) {
+    Session session = patchSession();
+    for (int vertex : {0, 2}) {
+        const VertexPlace at{"", vertex, {0, 0}};
+        session.steps.push_back(Press{at, MouseButton::kLeft, {true, true}});
+        session.steps.push_back(Release{at, MouseButton::kLeft, {true, true}});
+    }
+    session.steps.push_back(Key{Key::Name::kBackspace});
+    EXPECT_FALSE(checkSession(session, options("backspace", 0)));
+    const SceneState state = sceneNow();
+    EXPECT_EQ(locatorArray(state, "playerpts").size(), 4u);
+    EXPECT_TRUE(locatorArray(state, "playersLine").empty());
+}
+
+// Three MMB-CTRL clicks on a patch file three twists, none of which twisted and so took no snapshot
+// before: undoing the last two writes back an older snapshot (here none), not the mesh the first
+// twist left, which its redo writes back.
+TEST(FuzzKeptCases, AnUndoOfClickTwistsWritesBackAnOlderSnapshot) {
+    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/undo_over_click_twists.json");
+    const FuzzOptions fuzz = options("click-twists", 0);
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    ASSERT_GE(beforeUndo.activeMesh, 0);
+    ASSERT_GE(afterRedo.activeMesh, 0);
+    EXPECT_NE(beforeUndo.meshes[beforeUndo.activeMesh].polygonCounts,
+              afterRedo.meshes[afterRedo.activeMesh].polygonCounts);
+}
+
+// A second scratch patch whose arrays the host refuses leaves the retopo mesh showing empty; a
+// MMB-CTRL release then files a twist whose after snapshot holds that empty mesh, so its redo writes
+// empty arrays and the patch node passes on another mesh than the refused one.
+TEST(FuzzKeptCases, AnUndoFromARefusedPatchRedoesAnEmptySnapshot) {
+    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/undo_over_refused_patch.json");
+    const FuzzOptions fuzz = options("refused-undo", 0);
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    ASSERT_GE(beforeUndo.activeMesh, 0);
+    ASSERT_GE(afterRedo.activeMesh, 0);
+    EXPECT_TRUE(beforeUndo.meshes[beforeUndo.activeMesh].patchRefused);
+    EXPECT_NE(beforeUndo.meshes[beforeUndo.activeMesh].polygonCounts,
+              afterRedo.meshes[afterRedo.activeMesh].polygonCounts);
+}
+
+// A move-brush stroke on a patch sets the points of a shape whose history computes them: the scene
+// file holds the history, not the points, so the scene opened shows the patch as built. Everything
+// else comes back as saved.
+TEST(FuzzKeptCases, BrushMovesOnAPatchAreNotPartOfTheSceneFile) {
+    Session session = patchSession();
+    session.steps.push_back(Command{"kyStrakeContext -e -rad 2 kyStrakeContext1"});
+    addStroke(session, {480, 360}, {520, 330}, {}, {}, MouseButton::kMiddle);
+    const FuzzOptions fuzz = options("save-brush", 0);
+    ASSERT_FALSE(checkSession(session, fuzz));
+    const SceneState moved = sceneNow();
+    session.steps.push_back(SaveScene{kFuzzSceneFile});
+    session.steps.push_back(LoadScene{kFuzzSceneFile});
+    EXPECT_FALSE(checkSession(session, fuzz));
+    const std::vector<std::string> differences = stateDifferences(moved, sceneNow());
+    ASSERT_EQ(differences.size(), 1u);
+    EXPECT_EQ(differences[0], "mesh " + moved.meshes[moved.activeMesh].name + " points");
+}
+
 TEST(FuzzRun, ASeedReplaysTheSamePass) {
     const FuzzReport first = runFuzz(options("seed-a", 120), std::cout);
     const FuzzReport second = runFuzz(options("seed-b", 120), std::cout);

@@ -15,6 +15,7 @@
 #include <fstream>
 #include <memory>
 #include <sstream>
+#include <unistd.h>
 
 #include "runner/DemoSession.h"
 #include "runner/ReliefSurface.h"
@@ -26,9 +27,10 @@ using namespace kystrake;
 
 const char* const kLocator = "kyStrakeShape1";
 
-// A fresh output folder for one test.
+// A fresh output folder for one test process: CTest runs the tests of a group in processes of
+// their own, side by side, and each runs the group's set-up.
 std::string outputFolder(const std::string& name) {
-    const std::string folder = testing::TempDir() + "kystrake-" + name;
+    const std::string folder = testing::TempDir() + "kystrake-" + name + "-" + std::to_string(getpid());
     std::filesystem::remove_all(folder);
     return folder;
 }

@@ -57,8 +57,8 @@ TEST(SessionWriter, WrittenSessionReadsBackStepForStep) {
     EXPECT_EQ(std::get<double>(std::get<SetOptionVar>(back.steps[7]).value), 12.5);
     EXPECT_EQ(std::get<std::string>(std::get<SetOptionVar>(back.steps[8]).value), "a, b");
     EXPECT_EQ(std::get<Undo>(back.steps[10]).times, 2);
-    EXPECT_EQ(std::get<SaveScene>(back.steps[15]).path, "mid.json");
-    EXPECT_EQ(std::get<LoadScene>(back.steps[16]).path, "mid.json");
+    EXPECT_EQ(std::get<SaveScene>(back.steps[14]).path, "mid.json");
+    EXPECT_EQ(std::get<LoadScene>(back.steps[15]).path, "mid.json");
 }
 
 TEST(SessionWriter, ObjSourceIsWrittenAsAPath) {

@@ -45,6 +45,9 @@ std::vector<Message> messages();
 // Calls `listener` for every line printed from now on, until the returned id is removed.
 int addMessageListener(std::function<void(const Message&)> listener);
 void removeMessageListener(int id);
+// Whether printed lines also go to the standard streams, as Maya's script editor shows them: info
+// and output to stdout, warnings and errors to stderr. On by default.
+void setMessageEcho(bool on);
 
 }  // namespace driver
 }  // namespace mhost

@@ -71,5 +71,7 @@ int addMessageListener(std::function<void(const Message&)> listener) {
 
 void removeMessageListener(int id) { messageLog().removeListener(id); }
 
+void setMessageEcho(bool on) { messageLog().setEcho(on); }
+
 }  // namespace driver
 }  // namespace mhost
