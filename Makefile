@@ -24,8 +24,11 @@ test-asan: bootstrap
 	@ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp \
 		ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
 
+# Every benchmark on its default source, then the drag event and activation on 10,000,000 triangles.
 bench: build
 	@for b in $(BUILD)/bench/*_bench; do [ -x "$$b" ] && "$$b"; done
+	@$(BUILD)/bench/drag_event_bench --triangles=10000000
+	@$(BUILD)/bench/activation_bench --triangles=10000000
 
 demo: build
 	@$(BUILD)/runner/kystrake demo

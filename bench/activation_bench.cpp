@@ -1,7 +1,8 @@
-// Tool activation on a 1,000,000-triangle source, beside one raw Embree build of the same triangles in
-// the same run. Activation builds the source's closest-point structure, reads every face's corner
-// normals and snaps nothing yet; each timed activation meets a source mesh made afresh, as when an
-// artist opens a scan. After the table, a summary line gives the ratios of wall and CPU time.
+// Tool activation on a 1,000,000-triangle source (`--triangles=N` for another size), beside one raw
+// Embree build of the same triangles in the same run. Activation builds the source's closest-point
+// structure, reads every face's corner normals and snaps nothing yet; each timed activation meets a
+// source mesh made afresh, as when an artist opens a scan. After the table, a summary line gives the
+// ratios of wall and CPU time.
 
 #include <benchmark/benchmark.h>
 #include <maya/MEvent.h>
@@ -16,25 +17,20 @@
 #include <string>
 #include <vector>
 
+#include "denseSource.h"
 #include "interaction/ContextState.h"
 #include "rawEmbree.h"
-#include "runner/SourceMeshes.h"
 #include "tool/kyStrake.h"
 
 namespace {
 
 namespace driver = mhost::driver;
 
-const kystrake::PolygonMesh& sourceMesh() {
-    static const kystrake::PolygonMesh mesh = kystrake::proceduralMesh("limb", 1000000);
-    return mesh;
-}
-
 // A new source shape from the arrays, connected to the scene's locator in place of the last one.
 void makeFreshSource() {
     static std::string lastTransform;
     if (!lastTransform.empty()) driver::runCommand("delete " + lastTransform);
-    const kystrake::PolygonMesh& mesh = sourceMesh();
+    const kystrake::PolygonMesh& mesh = kybench::denseSource();
     MPointArray points;
     for (const auto& p : mesh.points) points.append(MPoint(p[0], p[1], p[2]));
     MIntArray counts, connects;
@@ -78,17 +74,8 @@ void hostActivation(benchmark::State& state) {
 }
 
 void rawEmbreeBuild(benchmark::State& state) {
-    const kystrake::PolygonMesh& mesh = sourceMesh();
-    std::vector<float> points;
-    for (const auto& p : mesh.points)
-        for (int k = 0; k < 3; ++k) points.push_back(static_cast<float>(p[k]));
-    std::vector<unsigned> triangles;
-    std::size_t corner = 0;
-    for (int count : mesh.polygonCounts) {
-        for (int k = 1; k + 1 < count; ++k)
-            for (int c : {0, k, k + 1}) triangles.push_back(mesh.polygonConnects[corner + c]);
-        corner += count;
-    }
+    const std::vector<float> points = kybench::floatPoints(kybench::denseSource());
+    const std::vector<unsigned> triangles = kybench::fanTriangles(kybench::denseSource());
     // The first build starts Embree's threads; neither side pays for that.
     kybench::RawTriangleScene warmUp(points, triangles);
     for (auto _ : state) {
@@ -112,10 +99,10 @@ public:
         ConsoleReporter::Finalize();
         const auto host = times_["hostActivation/iterations:3"], raw = times_["rawEmbreeBuild/iterations:3"];
         if (raw.first > 0 && raw.second > 0)
-            std::printf("activation on 1,000,000 triangles: wall %.1f ms, CPU %.1f ms; raw Embree build: wall %.1f "
+            std::printf("activation on %s triangles: wall %.1f ms, CPU %.1f ms; raw Embree build: wall %.1f "
                         "ms, CPU %.1f ms; ratio wall %.2fx, CPU %.2fx\n",
-                        host.first, host.second, raw.first, raw.second, host.first / raw.first,
-                        host.second / raw.second);
+                        kybench::triangleCountText().c_str(), host.first, host.second, raw.first, raw.second,
+                        host.first / raw.first, host.second / raw.second);
     }
 
 private:
@@ -125,6 +112,7 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
+    kybench::takeTriangleCount(argc, argv);
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

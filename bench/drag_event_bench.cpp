@@ -1,9 +1,9 @@
-// One left-button drag event of a 200-point freehand stroke on a 1,000,000-triangle source, through the
-// kyStrake plug-in on the headless host, beside the queries such an event makes, made straight through
-// Embree in the same run. A drag event picks the surface under the pointer and pulls the whole stroke
-// back onto the surface: every hit both ways along the pointer's line, then every hit both ways along
-// each stroke point's line through the eye, sorted. After the table, a summary line gives the ratios
-// of wall and CPU time.
+// One left-button drag event of a 200-point freehand stroke on a 1,000,000-triangle source
+// (`--triangles=N` for another size), through the kyStrake plug-in on the headless host, beside the
+// queries such an event makes, made straight through Embree in the same run. A drag event picks the
+// surface under the pointer and pulls the whole stroke back onto the surface: every hit both ways
+// along the pointer's line, then every hit both ways along each stroke point's line through the eye,
+// sorted. After the table, a summary line gives the ratios of wall and CPU time.
 
 #include <benchmark/benchmark.h>
 #include <maya/M3dView.h>
@@ -22,9 +22,9 @@
 #include <string>
 #include <vector>
 
+#include "denseSource.h"
 #include "rawEmbree.h"
 #include "runner/SceneSetup.h"
-#include "runner/SourceMeshes.h"
 
 namespace {
 
@@ -33,11 +33,6 @@ namespace driver = mhost::driver;
 using mhost::Vec3;
 
 constexpr int kStrokePoints = 200;
-
-const PolygonMesh& sourceMesh() {
-    static const PolygonMesh mesh = proceduralMesh("limb", 1000000);
-    return mesh;
-}
 
 // The stroke runs along the limb's axis as the framing camera sees it.
 const std::vector<Pixel>& strokePixels() {
@@ -73,7 +68,7 @@ void setUpOnce() {
     Session session;
     session.viewWidth = 960;
     session.viewHeight = 640;
-    setUpScene(session, sourceMesh(), KY_PLUGIN_MODULE_PATH);
+    setUpScene(session, kybench::denseSource(), KY_PLUGIN_MODULE_PATH);
     done = true;
 }
 
@@ -96,20 +91,8 @@ void hostDragEvent(benchmark::State& state) {
 
 // The source's fan triangles straight in Embree.
 const kybench::RawTriangleScene& rawSource() {
-    static const kybench::RawTriangleScene scene = [] {
-        const PolygonMesh& mesh = sourceMesh();
-        std::vector<float> points;
-        for (const auto& p : mesh.points)
-            for (int k = 0; k < 3; ++k) points.push_back(static_cast<float>(p[k]));
-        std::vector<unsigned> triangles;
-        std::size_t corner = 0;
-        for (int count : mesh.polygonCounts) {
-            for (int k = 1; k + 1 < count; ++k)
-                for (int c : {0, k, k + 1}) triangles.push_back(mesh.polygonConnects[corner + c]);
-            corner += count;
-        }
-        return kybench::RawTriangleScene(std::move(points), std::move(triangles));
-    }();
+    static const kybench::RawTriangleScene scene(kybench::floatPoints(kybench::denseSource()),
+                                                 kybench::fanTriangles(kybench::denseSource()));
     return scene;
 }
 
@@ -191,10 +174,10 @@ public:
         ConsoleReporter::Finalize();
         const auto host = times_["hostDragEvent/iterations:8"], raw = times_["rawEmbreeQueries"];
         if (host.first > 0 && raw.first > 0 && raw.second > 0)
-            std::printf("drag event of a %d-point stroke: wall %.3f ms, CPU %.3f ms; raw Embree queries: wall %.3f ms, "
-                        "CPU %.3f ms; ratio wall %.2fx, CPU %.2fx\n",
-                        kStrokePoints, host.first, host.second, raw.first, raw.second, host.first / raw.first,
-                        host.second / raw.second);
+            std::printf("drag event of a %d-point stroke on %s triangles: wall %.3f ms, CPU %.3f ms; raw Embree "
+                        "queries: wall %.3f ms, CPU %.3f ms; ratio wall %.2fx, CPU %.2fx\n",
+                        kStrokePoints, kybench::triangleCountText().c_str(), host.first, host.second, raw.first,
+                        raw.second, host.first / raw.first, host.second / raw.second);
     }
 
 private:
@@ -204,6 +187,7 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
+    kybench::takeTriangleCount(argc, argv);
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -48,7 +48,8 @@ int fuzzAndReport(const FuzzOptions& options) {
     std::cout << "kystrake fuzz: " << report.stepsRun << " steps in " << report.sessions << " sessions, "
               << report.seconds << " s (" << report.stepsRun / std::max(report.seconds, 1e-9) << " steps/s); "
               << report.stepsFailed << " steps failed as expected, " << report.undoPairsCompared
-              << " undo-redo pairs compared; invariant failures " << report.invariantFailures
+              << " undo-redo pairs and " << report.roundTripsCompared
+              << " scene round trips compared; invariant failures " << report.invariantFailures
               << ", undo mismatches " << report.undoMismatches << "; " << report.sourceEdits
               << " sessions ended when the tool changed the source mesh\n";
     for (const FuzzFailure& failure : report.failures)

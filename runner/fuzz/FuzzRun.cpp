@@ -30,6 +30,7 @@ namespace {
 struct Counters {
     long stepsFailed = 0;
     long undoPairsCompared = 0;
+    long roundTripsCompared = 0;
 };
 
 bool isUndoRedoPair(const std::vector<Step>& steps, size_t undo) {
@@ -243,6 +244,7 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
                                       static_cast<int>(i + 1));
         }
         if (i > 0 && isSaveLoadPair(session.steps, i - 1) && savedScene && status) {
+            ++counters.roundTripsCompared;
             const std::string detail = sceneRoundTripMismatch(before, after);
             if (!detail.empty())
                 return std::make_pair(Violation{kSceneRoundTrip, "after save and load: " + detail},
@@ -332,6 +334,7 @@ FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
         report.stepsRun += found ? found->second : static_cast<long>(session.steps.size());
         report.stepsFailed += counters.stepsFailed;
         report.undoPairsCompared += counters.undoPairsCompared;
+        report.roundTripsCompared += counters.roundTripsCompared;
         if (found && found->first.invariant == kSourceEdited) {
             ++report.sourceEdits;
         } else if (found) {

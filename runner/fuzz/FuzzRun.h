@@ -56,6 +56,7 @@ struct FuzzReport {
     long stepsFailed = 0;  // steps whose host call failed: expected, not faults
     long sessions = 0;
     long undoPairsCompared = 0;
+    long roundTripsCompared = 0;  // save-load pairs whose scenes were compared
     long invariantFailures = 0;  // sessions that broke an invariant other than undo-redo
     long undoMismatches = 0;     // sessions that broke the undo-redo invariant
     long sourceEdits = 0;        // sessions ended early because the tool changed the source

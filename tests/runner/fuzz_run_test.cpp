@@ -294,6 +294,7 @@ TEST(FuzzRun, ASeedReplaysTheSamePass) {
     EXPECT_EQ(first.stepsFailed, second.stepsFailed);
     EXPECT_EQ(first.undoPairsCompared, second.undoPairsCompared);
     EXPECT_GT(first.undoPairsCompared, 0);
+    EXPECT_EQ(first.roundTripsCompared, second.roundTripsCompared);
 }
 
 // A short pass on each source kind, with and without the panel, breaks no invariant.
