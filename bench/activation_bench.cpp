@@ -12,7 +12,6 @@
 #include <mhost/Driver.h>
 
 #include <cstdio>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +19,7 @@
 #include "denseSource.h"
 #include "interaction/ContextState.h"
 #include "rawEmbree.h"
+#include "summaryReporter.h"
 #include "tool/kyStrake.h"
 
 namespace {
@@ -87,35 +87,18 @@ void rawEmbreeBuild(benchmark::State& state) {
 BENCHMARK(rawEmbreeBuild)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(hostActivation)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-// Collects each benchmark's wall and CPU time per iteration to print the ratios after the table.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs)
-            times_[run.benchmark_name()] = {run.GetAdjustedRealTime(), run.GetAdjustedCPUTime()};
-        ConsoleReporter::ReportRuns(runs);
-    }
-    void Finalize() override {
-        ConsoleReporter::Finalize();
-        const auto host = times_["hostActivation/iterations:3"], raw = times_["rawEmbreeBuild/iterations:3"];
-        if (raw.first > 0 && raw.second > 0)
-            std::printf("activation on %s triangles: wall %.1f ms, CPU %.1f ms; raw Embree build: wall %.1f "
-                        "ms, CPU %.1f ms; ratio wall %.2fx, CPU %.2fx\n",
-                        kybench::triangleCountText().c_str(), host.first, host.second, raw.first, raw.second,
-                        host.first / raw.first, host.second / raw.second);
-    }
-
-private:
-    std::map<std::string, std::pair<double, double>> times_;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    kybench::takeTriangleCount(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    return 0;
+    return kybench::runWithSummary(argc, argv, [](const kybench::SummaryReporter::Times& times) {
+        const auto host = times.find("hostActivation/iterations:3");
+        const auto raw = times.find("rawEmbreeBuild/iterations:3");
+        if (host == times.end() || raw == times.end() || raw->second.wall <= 0 || raw->second.cpu <= 0)
+            return;
+        std::printf(
+            "activation on %s triangles: wall %.1f ms, CPU %.1f ms; raw Embree build: wall %.1f ms, CPU "
+            "%.1f ms; ratio wall %.2fx, CPU %.2fx\n",
+            kybench::triangleCountText().c_str(), host->second.wall, host->second.cpu, raw->second.wall,
+            raw->second.cpu, host->second.wall / raw->second.wall, host->second.cpu / raw->second.cpu);
+    });
 }

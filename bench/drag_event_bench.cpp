@@ -18,13 +18,13 @@
 #include <cstdio>
 #include <iostream>
 #include <streambuf>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "denseSource.h"
 #include "rawEmbree.h"
 #include "runner/SceneSetup.h"
+#include "summaryReporter.h"
 
 namespace {
 
@@ -106,8 +106,7 @@ void sortedHitsBothWays(const Vec3& origin, const Vec3& direction, float reach, 
     const std::size_t ahead = hits.size();
     rawSource().allHits(origin, -direction, reach, hits);
     for (std::size_t i = ahead; i < hits.size(); ++i) hits[i].second = -hits[i].second;
-    std::sort(hits.begin(), hits.end(),
-              [](const auto& a, const auto& b) { return a.second < b.second; });
+    std::sort(hits.begin(), hits.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
 }
 
 Vec3 toVec3(const MPoint& p) { return {p.x, p.y, p.z}; }
@@ -137,7 +136,8 @@ const EventQueries& eventQueries() {
             q.pickOrigin = toVec3(source);
             q.pickDirection = Vec3(direction.x, direction.y, direction.z);
             sortedHitsBothWays(q.pickOrigin, q.pickDirection, 10000.0f, hits);
-            if (!hits.empty()) q.strokePoints.push_back(q.pickOrigin + q.pickDirection * double(hits.back().second));
+            if (!hits.empty())
+                q.strokePoints.push_back(q.pickOrigin + q.pickDirection * double(hits.back().second));
         }
         return q;
     }();
@@ -163,34 +163,18 @@ void rawEmbreeQueries(benchmark::State& state) {
 BENCHMARK(hostDragEvent)->Unit(benchmark::kMillisecond)->Iterations(8);
 BENCHMARK(rawEmbreeQueries)->Unit(benchmark::kMillisecond);
 
-// Collects each benchmark's time per iteration to print the ratio after the table.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = {run.GetAdjustedRealTime(), run.GetAdjustedCPUTime()};
-        ConsoleReporter::ReportRuns(runs);
-    }
-    void Finalize() override {
-        ConsoleReporter::Finalize();
-        const auto host = times_["hostDragEvent/iterations:8"], raw = times_["rawEmbreeQueries"];
-        if (host.first > 0 && raw.first > 0 && raw.second > 0)
-            std::printf("drag event of a %d-point stroke on %s triangles: wall %.3f ms, CPU %.3f ms; raw Embree "
-                        "queries: wall %.3f ms, CPU %.3f ms; ratio wall %.2fx, CPU %.2fx\n",
-                        kStrokePoints, kybench::triangleCountText().c_str(), host.first, host.second, raw.first,
-                        raw.second, host.first / raw.first, host.second / raw.second);
-    }
-
-private:
-    std::map<std::string, std::pair<double, double>> times_;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    kybench::takeTriangleCount(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    return 0;
+    return kybench::runWithSummary(argc, argv, [](const kybench::SummaryReporter::Times& times) {
+        const auto host = times.find("hostDragEvent/iterations:8"), raw = times.find("rawEmbreeQueries");
+        if (host == times.end() || raw == times.end() || raw->second.wall <= 0 || raw->second.cpu <= 0)
+            return;
+        std::printf(
+            "drag event of a %d-point stroke on %s triangles: wall %.3f ms, CPU %.3f ms; raw Embree "
+            "queries: wall %.3f ms, CPU %.3f ms; ratio wall %.2fx, CPU %.2fx\n",
+            kStrokePoints, kybench::triangleCountText().c_str(), host->second.wall, host->second.cpu,
+            raw->second.wall, raw->second.cpu, host->second.wall / raw->second.wall,
+            host->second.cpu / raw->second.cpu);
+    });
 }

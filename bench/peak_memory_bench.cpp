@@ -80,9 +80,10 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "peak_memory_bench: a side failed\n");
         return 1;
     }
-    std::printf("peak memory on %s triangles: host, tool activated %.0f MiB (%.1f s); raw Embree scene and "
-                "the arrays %.0f MiB (%.1f s); ratio %.2fx\n",
-                kybench::triangleCountText().c_str(), host.mebibytes, host.seconds, raw.mebibytes,
-                raw.seconds, host.mebibytes / raw.mebibytes);
+    std::printf(
+        "peak memory on %s triangles: host, tool activated %.0f MiB (%.1f s); raw Embree scene and "
+        "the arrays %.0f MiB (%.1f s); ratio %.2fx\n",
+        kybench::triangleCountText().c_str(), host.mebibytes, host.seconds, raw.mebibytes, raw.seconds,
+        host.mebibytes / raw.mebibytes);
     return 0;
 }

@@ -193,6 +193,15 @@ std::pair<SceneState, SceneState> statesAroundTheLastPair(Session session, const
     return {beforeUndo, sceneNow()};
 }
 
+// A saved session of the runner's replayed with the checks, which hold, then its last undo-redo pair
+// by hand: the scene before the undo and after the redo.
+std::pair<SceneState, SceneState> replayedKeptPair(const std::string& file, const std::string& name) {
+    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/" + file);
+    const FuzzOptions fuzz = options(name, 0);
+    EXPECT_FALSE(checkSession(session, fuzz));
+    return statesAroundTheLastPair(session, fuzz);
+}
+
 // A change of spans files the rows handed over at its gesture; ESC then clears the rows without
 // filing anything, and a brush stroke files a command whose undo puts back points, not rows. Undoing
 // back to the change of spans finds the rows cleared, its redo writes back the rows of its gesture,
@@ -216,10 +225,7 @@ TEST(FuzzKeptCases, AnUndoRunOverAnEscapeRedoesTheRowsOfTheGesture) {
 // the queue moves below it; undoing two changes of spans and redoing them then writes back the rows
 // of their gestures, not the patch's.
 TEST(FuzzKeptCases, AnUndoRunAfterAFailedUndoRedoesTheRowsOfItsCommands) {
-    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/undo_run_after_failed_undo.json");
-    const FuzzOptions fuzz = options("failed-undo", 0);
-    EXPECT_FALSE(checkSession(session, fuzz));
-    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    const auto [beforeUndo, afterRedo] = replayedKeptPair("undo_run_after_failed_undo.json", "failed-undo");
     EXPECT_NE(locatorArray(beforeUndo, "shadowIndices1"), locatorArray(afterRedo, "shadowIndices1"));
 }
 
@@ -243,10 +249,7 @@ TEST(FuzzKeptCases, BackspaceOnTwoAnchorsClearsThePlayerLineAlone) {
 // before: undoing the last two writes back an older snapshot (here none), not the mesh the first
 // twist left, which its redo writes back.
 TEST(FuzzKeptCases, AnUndoOfClickTwistsWritesBackAnOlderSnapshot) {
-    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/undo_over_click_twists.json");
-    const FuzzOptions fuzz = options("click-twists", 0);
-    EXPECT_FALSE(checkSession(session, fuzz));
-    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    const auto [beforeUndo, afterRedo] = replayedKeptPair("undo_over_click_twists.json", "click-twists");
     ASSERT_GE(beforeUndo.activeMesh, 0);
     ASSERT_GE(afterRedo.activeMesh, 0);
     EXPECT_NE(beforeUndo.meshes[beforeUndo.activeMesh].polygonCounts,
@@ -257,10 +260,7 @@ TEST(FuzzKeptCases, AnUndoOfClickTwistsWritesBackAnOlderSnapshot) {
 // MMB-CTRL release then files a twist whose after snapshot holds that empty mesh, so its redo writes
 // empty arrays and the patch node passes on another mesh than the refused one.
 TEST(FuzzKeptCases, AnUndoFromARefusedPatchRedoesAnEmptySnapshot) {
-    const Session session = loadSession(std::string(KY_SESSIONS_DIR) + "/undo_over_refused_patch.json");
-    const FuzzOptions fuzz = options("refused-undo", 0);
-    EXPECT_FALSE(checkSession(session, fuzz));
-    const auto [beforeUndo, afterRedo] = statesAroundTheLastPair(session, fuzz);
+    const auto [beforeUndo, afterRedo] = replayedKeptPair("undo_over_refused_patch.json", "refused-undo");
     ASSERT_GE(beforeUndo.activeMesh, 0);
     ASSERT_GE(afterRedo.activeMesh, 0);
     EXPECT_TRUE(beforeUndo.meshes[beforeUndo.activeMesh].patchRefused);
