@@ -146,34 +146,29 @@ std::vector<char> splitVertices(const MeshTopology& mesh, CornerGroups& groups) 
 // Where all of a vertex's corners share one group, the group's sum is the vertex's own angle-weighted
 // sum, taken in the same face order: the cached vertex normal is used, to the same bits. Only split
 // vertices need their corners' angles summed group by group.
-std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh) {
+SplitCornerNormals computeSplitCornerNormals(const MeshTopology& mesh) {
     const std::vector<Vec3>& faceNormals = mesh.faceNormals();
-    const std::vector<Vec3>& vertexNormals = mesh.vertexNormals(true);
     CornerGroups groups = smoothCornerGroups(mesh);
-    const std::vector<char> split = splitVertices(mesh, groups);
-    const std::vector<int>& offsets = mesh.faces().offsets;
-    const std::vector<int>& vertexOf = mesh.faces().items;
+    SplitCornerNormals result;
+    result.splitVertex = splitVertices(mesh, groups);
+    const std::vector<char>& split = result.splitVertex;
+    if (std::find(split.begin(), split.end(), 1) == split.end()) return result;
 
-    // A dense scan has millions of corners and seldom a split vertex: the group sums, one per corner,
-    // are only made when needed, and the result is filled as it is written.
-    const bool anySplit = std::find(split.begin(), split.end(), 1) != split.end();
-    std::vector<Vec3> sums(anySplit ? mesh.numFaceVertices() : 0);
-    for (int f = 0; anySplit && f < mesh.numFaces(); ++f) {
+    // A dense scan has millions of corners and seldom a split vertex: group sums are kept by root,
+    // for the corners of split vertices alone.
+    const std::vector<int>& offsets = mesh.faces().offsets;
+    std::unordered_map<int, Vec3> sums;
+    for (int f = 0; f < mesh.numFaces(); ++f) {
         const IndexRange corners = mesh.faceVertices(f);
         for (int k = 0; k < corners.size(); ++k)
             if (split[corners[k]])
-                sums[groups.root(offsets[f] + k)] += faceNormals[f] * cornerAngle(mesh.rawPoints(), corners, k);
+                sums[groups.root(offsets[f] + k)] +=
+                    faceNormals[f] * cornerAngle(mesh.rawPoints(), corners, k);
     }
-    std::vector<Vec3> normals;
-    normals.reserve(mesh.numFaceVertices());
-    for (int f = 0; f < mesh.numFaces(); ++f) {
-        for (int corner = offsets[f]; corner < offsets[f + 1]; ++corner) {
-            const int vertex = vertexOf[corner];
-            const Vec3 n = split[vertex] ? normalized(sums[groups.root(corner)]) : vertexNormals[vertex];
-            normals.push_back(lengthSquared(n) > 0 ? n : faceNormals[f]);
-        }
-    }
-    return normals;
+    const std::vector<int>& vertexOf = mesh.faces().items;
+    for (int corner = 0; corner < mesh.numFaceVertices(); ++corner)
+        if (split[vertexOf[corner]]) result.cornerNormal[corner] = normalized(sums[groups.root(corner)]);
+    return result;
 }
 
 }  // namespace mhost

@@ -2,6 +2,7 @@
 // Normal computations behind MeshTopology's cached normals: whole-mesh passes over the face-vertices,
 // and in-place updates of the parts a few moved vertices change.
 
+#include <unordered_map>
 #include <vector>
 
 #include "mesh/IndexRange.h"
@@ -25,7 +26,13 @@ void updateFaceNormals(const MeshTopology& mesh, const std::vector<int>& faces, 
 // as computeVertexNormals gives it.
 void updateVertexNormals(const MeshTopology& mesh, const std::vector<Vec3>& faceNormals,
                          const std::vector<int>& vertices, bool angleWeighted, std::vector<Vec3>& normals);
-// See MeshTopology::faceVertexNormals.
-std::vector<Vec3> computeFaceVertexNormals(const MeshTopology& mesh);
+// The face-vertices of vertices whose corners fall into several smooth groups (by a hard edge, or a
+// pinched fan), each with the normalized angle-weighted sum of its group (zero when that sum is);
+// every other face-vertex takes its vertex's normal (see MeshTopology::faceVertexNormal).
+struct SplitCornerNormals {
+    std::vector<char> splitVertex;  // one flag a vertex
+    std::unordered_map<int, Vec3> cornerNormal;
+};
+SplitCornerNormals computeSplitCornerNormals(const MeshTopology& mesh);
 
 }  // namespace mhost

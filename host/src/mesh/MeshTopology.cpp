@@ -194,10 +194,12 @@ const std::vector<Vec3>& MeshTopology::vertexNormals(bool angleWeighted) const {
     return *cached;
 }
 
-const std::vector<Vec3>& MeshTopology::faceVertexNormals() const {
-    auto& cached = derived_.faceVertexNormals;
-    if (!cached) cached = std::make_shared<const std::vector<Vec3>>(computeFaceVertexNormals(*this));
-    return *cached;
+Vec3 MeshTopology::faceVertexNormal(int face, int corner) const {
+    auto& split = derived_.splitCornerNormals;
+    if (!split) split = std::make_shared<const SplitCornerNormals>(computeSplitCornerNormals(*this));
+    const int vertex = faces_.items[corner];
+    const Vec3 n = split->splitVertex[vertex] ? split->cornerNormal.at(corner) : vertexNormals(true)[vertex];
+    return lengthSquared(n) > 0 ? n : faceNormals()[face];
 }
 
 bool MeshTopology::isEdgeSmooth(int edge) const {
@@ -209,7 +211,7 @@ void MeshTopology::setEdgeSmooth(int edge, bool smooth) {
     checkIndex(kOwner, "edge", edge, numEdges());
     if (hardEdges_.size() <= static_cast<std::size_t>(edge)) hardEdges_.resize(numEdges(), 0);
     hardEdges_[edge] = smooth ? 0 : 1;
-    derived_.faceVertexNormals.reset();
+    derived_.splitCornerNormals.reset();
     version_ = nextVersion();
 }
 
@@ -218,7 +220,7 @@ void MeshTopology::setEdgesSmooth(const std::vector<int>& edges, const std::vect
     for (int edge : edges) checkIndex(kOwner, "edge", edge, count);
     if (hardEdges_.size() < static_cast<std::size_t>(count)) hardEdges_.resize(count, 0);
     for (std::size_t i = 0; i < edges.size(); ++i) hardEdges_[edges[i]] = smooth[i] != 0 ? 0 : 1;
-    derived_.faceVertexNormals.reset();
+    derived_.splitCornerNormals.reset();
     version_ = nextVersion();
 }
 
@@ -259,8 +261,16 @@ void MeshTopology::polygonsChanged() {
     facesVersion_ = version_;
 }
 
+// Which vertices are split depends on the polygons and the hard edges alone; only the normals of the
+// split vertices' corners follow the points. Without a split vertex nothing is left to redo.
+std::shared_ptr<const SplitCornerNormals> MeshTopology::splitCornersKeptByMoves() {
+    auto& split = derived_.splitCornerNormals;
+    return split && split->cornerNormal.empty() ? std::move(split) : nullptr;
+}
+
 void MeshTopology::pointsChanged() {
-    derived_ = Derived{std::move(derived_.adjacency), nullptr, {}, nullptr, std::nullopt, nullptr, {}};
+    derived_ = Derived{std::move(derived_.adjacency), nullptr, {}, splitCornersKeptByMoves(), std::nullopt, nullptr,
+                       {}};
     version_ = nextVersion();
 }
 
@@ -268,7 +278,7 @@ void MeshTopology::pointsChanged() {
 void MeshTopology::pointMoved(int vertex) {
     Derived kept{std::move(derived_.adjacency), std::move(derived_.faceNormals),
                  {std::move(derived_.vertexNormals[0]), std::move(derived_.vertexNormals[1])},
-                 nullptr, std::nullopt, nullptr, std::move(derived_.movedVertices)};
+                 splitCornersKeptByMoves(), std::nullopt, nullptr, std::move(derived_.movedVertices)};
     if (kept.faceNormals && 4 * (kept.movedVertices.size() + 1) <= static_cast<std::size_t>(numVertices())) {
         kept.movedVertices.push_back(vertex);
     } else {

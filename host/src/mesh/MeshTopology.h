@@ -21,6 +21,8 @@
 
 namespace mhost {
 
+struct SplitCornerNormals;
+
 class PointMergeGrid;
 
 class MeshTopology {
@@ -68,9 +70,11 @@ public:
     // Unit normal of each vertex: its polygons' normals weighted by the corner angle, or plainly averaged
     // when angleWeighted is false. Zero for a vertex no polygon uses.
     const std::vector<Vec3>& vertexNormals(bool angleWeighted) const;
-    // One normal per face-vertex (indexed like faces().items): the angle-weighted average over the
-    // polygons around the vertex reached across smooth edges, so a hard edge splits the normal.
-    const std::vector<Vec3>& faceVertexNormals() const;
+    // The normal of face-vertex `corner` (indexed like faces().items), a corner of `face`: the
+    // angle-weighted average over the polygons around the vertex reached across smooth edges, so a
+    // hard edge or a pinched fan splits the normal; the face's normal where that average is zero.
+    // Only the corners of split vertices are stored; the others take the vertex normal.
+    Vec3 faceVertexNormal(int face, int corner) const;
 
     // Every edge is smooth until set otherwise.
     bool isEdgeSmooth(int edge) const;
@@ -95,13 +99,14 @@ public:
 
 private:
     using Normals = std::shared_ptr<std::vector<Vec3>>;
+    std::shared_ptr<const SplitCornerNormals> splitCornersKeptByMoves();
     struct Derived {
         std::shared_ptr<const MeshAdjacency> adjacency;
         // Face and vertex normals are shared by copies until one of them moves a vertex (copy on
         // write), and are updated where vertices moved rather than recomputed whole.
         Normals faceNormals;
         Normals vertexNormals[2];
-        std::shared_ptr<const std::vector<Vec3>> faceVertexNormals;
+        std::shared_ptr<const SplitCornerNormals> splitCornerNormals;
         std::optional<Box3> bounds;
         // Shared by copies until one of them adds a polygon (copy on write).
         std::shared_ptr<PointMergeGrid> mergeGrid;

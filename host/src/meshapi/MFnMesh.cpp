@@ -153,9 +153,12 @@ MStatus MFnMesh::getNormals(MFloatVectorArray& normals, MSpace::Space space) con
     return guardStatus([&] {
         const MeshRef mesh = attachedMesh(*this);
         const MeshSpace to = MeshSpace::of(mesh, space);
-        const std::vector<Vec3>& objectNormals = mesh.mesh().faceVertexNormals();
-        normals.setLength(static_cast<unsigned int>(objectNormals.size()));
-        for (std::size_t n = 0; n < objectNormals.size(); ++n) normals[n] = to.normalOut(objectNormals[n]);
+        const MeshTopology& topology = mesh.mesh();
+        const std::vector<int>& offsets = topology.faces().offsets;
+        normals.setLength(static_cast<unsigned int>(topology.numFaceVertices()));
+        for (int f = 0; f < topology.numFaces(); ++f)
+            for (int n = offsets[f]; n < offsets[f + 1]; ++n)
+                normals[n] = to.normalOut(topology.faceVertexNormal(f, n));
     });
 }
 

@@ -221,7 +221,7 @@ MStatus MItMeshPolygon::getNormal(unsigned int Vertexindex, MVector& normal, MSp
         const int corner = static_cast<int>(std::min(Vertexindex, 1u << 30));
         mhost::checkIndex(kOwner, "corner", corner, corners);
         const int faceVertex = walk.topology().faces().offsets[face] + corner;
-        normal = walk.frame(space).normalOut(walk.topology().faceVertexNormals()[faceVertex]);
+        normal = walk.frame(space).normalOut(walk.topology().faceVertexNormal(face, faceVertex));
     });
 }
 
@@ -230,10 +230,11 @@ MStatus MItMeshPolygon::getNormals(MVectorArray& vectorArray, MSpace::Space spac
         const int face = walk.current();
         const int first = walk.topology().faces().offsets[face];
         const int corners = walk.topology().faceVertices(face).size();
-        const std::vector<Vec3>& normals = walk.topology().faceVertexNormals();
+        const MeshTopology& topology = walk.topology();
         const mhost::MeshSpace& frame = walk.frame(space);
         vectorArray.setLength(corners);
-        for (int k = 0; k < corners; ++k) vectorArray[k] = frame.normalOut(normals[first + k]);
+        for (int k = 0; k < corners; ++k)
+            vectorArray[k] = frame.normalOut(topology.faceVertexNormal(face, first + k));
     });
 }
 

@@ -19,13 +19,14 @@ constexpr const char* kOwner = "MItMeshVertex";
 constexpr MFn::Type kKind = MFn::kMeshVertComponent;
 
 // The face-vertex normal of `vertex` in `face`; throws when the face does not use the vertex.
-const Vec3& cornerNormal(const MeshTopology& mesh, int vertex, int face) {
+Vec3 cornerNormal(const MeshTopology& mesh, int vertex, int face) {
     const mhost::IndexRange corners = mesh.faceVertices(face);
     const auto corner = std::find(corners.begin(), corners.end(), vertex);
     if (corner == corners.end())
         throw mhost::HostError("MItMeshVertex: polygon " + std::to_string(face) + " does not use vertex " +
                                std::to_string(vertex));
-    return mesh.faceVertexNormals()[mesh.faces().offsets[face] + (corner - corners.begin())];
+    return mesh.faceVertexNormal(face,
+                                 mesh.faces().offsets[face] + static_cast<int>(corner - corners.begin()));
 }
 
 std::vector<int> neighbourVertices(const MeshTopology& mesh, int vertex) {
