@@ -56,10 +56,9 @@ const MeshArrays* findMesh(const SceneState& state, const std::string& name) {
 // The journal word of the command that changes spans, which the twist gesture files as well.
 const char* const kSpansJournalWord = "kyStrake_changeSpans";
 
-// Whether one of the last `count` entries of the undo queue is a command of the journal word: the
+// Whether one of the last `count` entries of the undo journal is a command of the journal word: the
 // ones an undo of `count` steps is about to take back, or a redo of `count` steps has put back.
-bool lastJournalHolds(int count, const std::string& word) {
-    const std::vector<std::string> journal = mhost::driver::undoJournal();
+bool lastJournalHolds(const std::vector<std::string>& journal, int count, const std::string& word) {
     for (int i = 0; i < count && i < static_cast<int>(journal.size()); ++i)
         if (journal[journal.size() - 1 - i].find(word) != std::string::npos) return true;
     return false;
@@ -69,11 +68,11 @@ bool lastJournalHolds(int count, const std::string& word) {
 // write them afresh: the change of spans writes the rows, and sizesShadow from their lengths (see
 // KeptCases); the move and relax brushes move the points and then refresh the player row and the
 // shadow from the rows over the mesh as it is then.
-const char* const kShadowRewriters[] = {"kyStrake_changeSpans", "kyStrake_tweak", "kyStrake_brushRelax"};
+const char* const kShadowRewriters[] = {kSpansJournalWord, "kyStrake_tweak", "kyStrake_brushRelax"};
 
-bool lastJournalRewritesShadow(int count) {
+bool lastJournalRewritesShadow(const std::vector<std::string>& journal, int count) {
     for (const char* word : kShadowRewriters)
-        if (lastJournalHolds(count, word)) return true;
+        if (lastJournalHolds(journal, count, word)) return true;
     return false;
 }
 
@@ -130,29 +129,32 @@ bool sourceChanged(const MeshArrays& original, const SceneState& state) {
            now->polygonConnects != original.polygonConnects;
 }
 
+// The differences between two states that `expected` does not excuse, joined; empty when none.
+template <class Expected>
+std::string unexpectedDifferences(const SceneState& a, const SceneState& b, const Expected& expected) {
+    std::string detail;
+    for (const std::string& difference : stateDifferences(a, b))
+        if (!expected(difference)) detail += (detail.empty() ? "" : ", ") + difference;
+    return detail;
+}
+
 // The differences an undo-redo pair left, less those of the shadow when the commands undone write
 // it afresh; empty when the redo gave back the state before the undo.
 std::string undoRedoMismatch(const SceneState& beforeUndo, const SceneState& afterRedo, bool rewritesShadow) {
-    std::string detail;
-    for (const std::string& difference : stateDifferences(beforeUndo, afterRedo))
-        if (!rewritesShadow || !isShadowDifference(difference))
-            detail += (detail.empty() ? "" : ", ") + difference;
-    return detail;
+    return unexpectedDifferences(beforeUndo, afterRedo, [&](const std::string& difference) {
+        return rewritesShadow && isShadowDifference(difference);
+    });
 }
 
 // The differences between the scene saved and the scene opened from its file, less the points of
 // shapes with history: points set on such a shape (the brushes' moves on a patch) are not part of
 // the file, as its history computes them afresh when the scene opens; empty when nothing was lost.
 std::string sceneRoundTripMismatch(const SceneState& saved, const SceneState& opened) {
-    std::string detail;
-    for (const std::string& difference : stateDifferences(saved, opened)) {
-        const bool pointsOfHistory =
-            std::any_of(saved.meshes.begin(), saved.meshes.end(), [&](const MeshArrays& mesh) {
-                return mesh.hasHistory && difference == "mesh " + mesh.name + " points";
-            });
-        if (!pointsOfHistory) detail += (detail.empty() ? "" : ", ") + difference;
-    }
-    return detail;
+    return unexpectedDifferences(saved, opened, [&](const std::string& difference) {
+        return std::any_of(saved.meshes.begin(), saved.meshes.end(), [&](const MeshArrays& mesh) {
+            return mesh.hasHistory && difference == "mesh " + mesh.name + " points";
+        });
+    });
 }
 
 // What the tool's undo states hold: the meshes and the locator's strokes, rows, shadow and player row.
@@ -203,14 +205,16 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
     for (size_t i = 0; i < session.steps.size(); ++i) {
         const Step& step = session.steps[i];
         const bool undo = std::holds_alternative<Undo>(step), redo = std::holds_alternative<Redo>(step);
-        const bool undoneSpans = undo && lastJournalHolds(std::get<Undo>(step).times, kSpansJournalWord);
-        const bool undoneRewritesShadow = undo && lastJournalRewritesShadow(std::get<Undo>(step).times);
         const std::vector<std::string> journalBefore = mhost::driver::undoJournal();
+        const int undoTimes = undo ? std::get<Undo>(step).times : 0;
+        const bool undoneSpans = undo && lastJournalHolds(journalBefore, undoTimes, kSpansJournalWord);
+        const bool undoneRewritesShadow = undo && lastJournalRewritesShadow(journalBefore, undoTimes);
         const MStatus status = playStep(step, static_cast<int>(i), scene, outDir, playback, log);
         if (!status) ++counters.stepsFailed;
+        const std::vector<std::string> journalAfter = mhost::driver::undoJournal();
         const bool leavesRowsOutOfStep =
             ((undo || redo) && !status) || undoneSpans ||
-            (redo && lastJournalHolds(std::get<Redo>(step).times, kSpansJournalWord));
+            (redo && lastJournalHolds(journalAfter, std::get<Redo>(step).times, kSpansJournalWord));
         SceneState after = captureSceneState(scene);
         carryRowsMesh(before, after);
         updateKeptCases(kept, before, after, undo || redo, leavesRowsOutOfStep);
@@ -219,7 +223,7 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
                                   static_cast<int>(i + 1));
         const std::vector<Violation> violations = findViolations(after, kept);
         if (!violations.empty()) return std::make_pair(violations.front(), static_cast<int>(i + 1));
-        const size_t depthBefore = journalBefore.size(), depthAfter = mhost::driver::undoJournal().size();
+        const size_t depthBefore = journalBefore.size(), depthAfter = journalAfter.size();
         if (redo)
             offQueue.afterRedo(depthBefore, depthAfter);
         else if (undo)
@@ -232,7 +236,7 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
             beforeUndo = std::move(before);
             // An undo of more steps than the queue holds undoes what there is and warns; its redo
             // would then redo older steps undone before, so only a full undo makes a pair.
-            const size_t times = static_cast<size_t>(std::get<Undo>(step).times);
+            const size_t times = static_cast<size_t>(undoTimes);
             undoSucceeded = status && depthBefore - depthAfter == times &&
                             !offQueue.anyFollowed(depthBefore, times) && !showsARefusedPatch(beforeUndo);
             pairRewritesShadow = undoneRewritesShadow;
@@ -255,6 +259,14 @@ std::optional<std::pair<Violation, int>> playChecked(const Session& session, con
     }
     return std::nullopt;
 }
+
+// The host's printed lines kept off the standard streams while it lives, whatever way the pass ends.
+struct QuietHost {
+    QuietHost() { mhost::driver::setMessageEcho(false); }
+    ~QuietHost() { mhost::driver::setMessageEcho(true); }
+    QuietHost(const QuietHost&) = delete;
+    QuietHost& operator=(const QuietHost&) = delete;
+};
 
 std::uint64_t sessionSeed(std::uint64_t seed, long index) {
     FuzzRandom random(seed * 0x100000001b3ULL + static_cast<std::uint64_t>(index));
@@ -313,7 +325,7 @@ FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
     std::filesystem::create_directories(options.outDir);
     // Thousands of sessions' undo lines and warnings would bury the pass's own findings; the checks
     // read the scene, not the printed lines.
-    mhost::driver::setMessageEcho(false);
+    const QuietHost quiet;
     const auto start = std::chrono::steady_clock::now();
     FuzzReport report;
     const std::vector<std::string>& names = fuzzSourceNames();
@@ -363,7 +375,6 @@ FuzzReport runFuzz(const FuzzOptions& options, std::ostream& progress) {
                      << " sessions\n";
     }
     report.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    mhost::driver::setMessageEcho(true);
     return report;
 }
 

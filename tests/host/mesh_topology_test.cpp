@@ -279,6 +279,15 @@ TEST(MeshNormals, HardEdgeSplitsFaceVertexNormals) {
     EXPECT_THROW(mesh.setEdgeSmooth(mesh.numEdges(), true), std::out_of_range);
 }
 
+// Two triangles on the same three vertices, wound opposite ways: every vertex normal sums to zero,
+// and each corner takes its own face's normal instead.
+TEST(MeshNormals, ACornerWhoseVertexNormalVanishesTakesItsFaceNormal) {
+    const MeshTopology folded({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {3, 3}, {0, 1, 2, 0, 2, 1});
+    EXPECT_NEAR(0.0, mhost::length(folded.vertexNormals(true)[0]), 1e-12);
+    expectNear({0, 0, 1}, cornerNormal(folded, 0));
+    expectNear({0, 0, -1}, cornerNormal(folded, 3));
+}
+
 // Two triangles meeting only at vertex 0, in the XY and XZ planes, all edges smooth: no edge joins
 // their corners at that vertex, so each keeps its own face's normal there, while the vertex normal
 // blends both. Unsplit vertices share the vertex normal to the bit.
