@@ -160,14 +160,14 @@ void rawEmbreeQueries(benchmark::State& state) {
     state.counters["stroke points"] = static_cast<double>(q.strokePoints.size());
 }
 
-BENCHMARK(hostDragEvent)->Unit(benchmark::kMillisecond)->Iterations(8);
+BENCHMARK(hostDragEvent)->Unit(benchmark::kMillisecond)->Iterations(50);
 BENCHMARK(rawEmbreeQueries)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
 int main(int argc, char** argv) {
     return kybench::runWithSummary(argc, argv, [](const kybench::SummaryReporter::Times& times) {
-        const auto host = times.find("hostDragEvent/iterations:8"), raw = times.find("rawEmbreeQueries");
+        const auto host = times.find("hostDragEvent/iterations:50"), raw = times.find("rawEmbreeQueries");
         if (host == times.end() || raw == times.end() || raw->second.wall <= 0 || raw->second.cpu <= 0)
             return;
         std::printf(

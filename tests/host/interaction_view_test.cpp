@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 #include <maya/M3dView.h>
+#include <maya/MDagModifier.h>
 #include <maya/MDagPath.h>
 #include <maya/MEventMessage.h>
 #include <maya/MFnCamera.h>
 #include <maya/MPoint.h>
+#include <maya/MSelectionList.h>
 #include <maya/MVector.h>
 #include <mhost/Driver.h>
 #include <mhost/Interaction.h>
@@ -172,4 +174,35 @@ TEST_F(ViewTest, ViewChangesAndRefreshesAreHeard) {
     view.refresh(false, false, false);
     EXPECT_EQ(mhost::driver::viewRefreshCount(), refreshes + 2);
     MMessage::removeCallback(id);
+}
+
+TEST_F(ViewTest, TheKeptProjectionFollowsTheLensTheTransformsAndThePort) {
+    M3dView view = M3dView::active3dView();
+    const auto viewX = [&view](const MPoint& point) {
+        short x = 0, y = 0;
+        view.worldToView(point, x, y);
+        return x;
+    };
+    const MPoint aside(1, 0, 0);
+    const short first = viewX(aside);
+    EXPECT_EQ(first, viewX(aside));
+    camera().setFocalLength(70);
+    const short zoomed = viewX(aside);
+    EXPECT_EQ(zoomed - 320, 2 * (first - 320)) << "twice the focal length, twice as far from the centre";
+    ASSERT_TRUE(mhost::driver::runCommand("setAttr cam.translateX 1"));
+    EXPECT_EQ(320, viewX(aside)) << "the camera moved over the point";
+    ASSERT_TRUE(mhost::driver::runCommand("createNode transform -n rig"));
+    MSelectionList nodes;
+    nodes.add("cam");
+    nodes.add("rig");
+    MObject cam, rig;
+    nodes.getDependNode(0, cam);
+    nodes.getDependNode(1, rig);
+    MDagModifier reparent;
+    ASSERT_TRUE(reparent.reparentNode(cam, rig));
+    ASSERT_TRUE(reparent.doIt());
+    ASSERT_TRUE(mhost::driver::runCommand("setAttr rig.translateX -1"));
+    EXPECT_EQ(zoomed, viewX(aside)) << "a parent's move is seen";
+    ASSERT_TRUE(mhost::driver::setViewSize(1280, 960));
+    EXPECT_EQ(2 * zoomed, viewX(aside)) << "the same film over a port twice as wide";
 }

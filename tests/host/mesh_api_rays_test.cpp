@@ -1,12 +1,14 @@
 // Ray and closest-point queries through MFnMesh and MMeshIntersector: spaces, output arrays, misses,
 // reach, and the accelerator kept with the mesh.
 
+#include <maya/MDagModifier.h>
 #include <maya/MFloatArray.h>
 #include <maya/MFloatPoint.h>
 #include <maya/MFloatPointArray.h>
 #include <maya/MFloatVector.h>
 #include <maya/MMeshIntersector.h>
 
+#include <cmath>
 #include <limits>
 
 #include "meshnode/ShapeGeometry.h"
@@ -163,17 +165,53 @@ TEST_F(MeshApiRays, IntersectorTakesPointsThroughItsMatrixAndAnswersInObjectSpac
 TEST_F(MeshApiRays, TheAcceleratorIsBuiltOncePerMeshAndAgainAfterAChange) {
     cast(MFloatPoint(0.5f, 0.5f, -1), MFloatVector(0, 0, 1), MSpace::kObject, false);
     const auto data = mhost::shapeGeometry(cube.hostNodes().back());
-    const auto first = data->accelerator();
+    const auto first = data->sharedAccelerator();
     cast(MFloatPoint(0.2f, 0.5f, -1), MFloatVector(0, 0, 1), MSpace::kObject, false);
-    EXPECT_EQ(first, mhost::shapeGeometry(cube.hostNodes().back())->accelerator());
+    EXPECT_EQ(first, mhost::shapeGeometry(cube.hostNodes().back())->sharedAccelerator());
     ASSERT_TRUE(runCommand("dgdirty cubeShape"));
     cast(MFloatPoint(0.2f, 0.5f, -1), MFloatVector(0, 0, 1), MSpace::kObject, false);
-    EXPECT_EQ(first, mhost::shapeGeometry(cube.hostNodes().back())->accelerator())
+    EXPECT_EQ(first, mhost::shapeGeometry(cube.hostNodes().back())->sharedAccelerator())
         << "re-evaluating an unchanged mesh keeps its accelerator";
     ASSERT_TRUE(MFnMesh(cube).setPoint(0, MPoint(0, 0, -3)));
     Hits moved = cast(MFloatPoint(0.2f, 0.1f, -5), MFloatVector(0, 0, 1), MSpace::kObject, false, 3);
     EXPECT_EQ(std::vector<int>{0}, toVector(moved.faces)) << "the moved corner is seen";
-    EXPECT_NE(first, mhost::shapeGeometry(cube.hostNodes().back())->accelerator());
+    EXPECT_NE(first, mhost::shapeGeometry(cube.hostNodes().back())->sharedAccelerator());
+}
+
+
+TEST_F(MeshApiRays, OneFunctionSetFollowsMovesEditsAndANewObject) {
+    ASSERT_TRUE(runCommand("createNode transform -n rig"));
+    MDagModifier reparent;
+    ASSERT_TRUE(reparent.reparentNode(pathTo("cube").node(), pathTo("rig").node()));
+    ASSERT_TRUE(reparent.doIt());
+    const MDagPath grouped = pathTo("cube");
+    MFnMesh fn(grouped);
+    const auto firstHitZ = [&fn](MSpace::Space space) {
+        MFloatPoint hit;
+        float param = 0;
+        int face = -1;
+        const bool any = fn.closestIntersection(MFloatPoint(0.5f, 0.5f, -50), MFloatVector(0, 0, 1), nullptr,
+                                                nullptr, false, space, 1000, false, nullptr, hit, &param,
+                                                &face, nullptr, nullptr, nullptr, 1e-6f);
+        return any ? hit.z : std::numeric_limits<float>::quiet_NaN();
+    };
+    EXPECT_FLOAT_EQ(0.0f, firstHitZ(MSpace::kWorld));
+    ASSERT_TRUE(runCommand("setAttr rig.translateZ 3"));
+    EXPECT_FLOAT_EQ(3.0f, firstHitZ(MSpace::kWorld)) << "a parent's move is seen";
+    EXPECT_FLOAT_EQ(0.0f, firstHitZ(MSpace::kObject));
+    ASSERT_TRUE(runCommand("setAttr cube.scaleZ 2; setAttr rig.translateZ 0"));
+    MFnMesh other(grouped);
+    MPointArray points;
+    ASSERT_TRUE(other.getPoints(points));
+    for (unsigned i = 0; i < points.length(); ++i) points[i].z -= 1;
+    ASSERT_TRUE(other.setPoints(points));
+    EXPECT_FLOAT_EQ(-2.0f, firstHitZ(MSpace::kWorld)) << "another set's edit and the scale are both seen";
+
+    ASSERT_TRUE(fn.setObject(addMesh(unitCube(), "other")));
+    ASSERT_TRUE(runCommand("setAttr other.translateZ -7"));
+    EXPECT_FLOAT_EQ(-7.0f, firstHitZ(MSpace::kWorld)) << "setObject resolves the new mesh";
+    ASSERT_TRUE(runCommand("delete other"));
+    EXPECT_TRUE(std::isnan(firstHitZ(MSpace::kWorld))) << "a deleted mesh answers nothing";
 }
 
 }  // namespace

@@ -7,6 +7,10 @@
 
 class MMatrix;
 
+namespace mhost {
+struct FunctionSetAccess;
+}
+
 class OPENMAYA_EXPORT MFnDagNode : public MFnDependencyNode {
     MHOST_DECLARE_MFN(MFnDagNode)
 
@@ -49,5 +53,6 @@ class OPENMAYA_EXPORT MFnDagNode : public MFnDependencyNode {
     MStatus setObject(const MObject& object) override;
 
 private:
+    friend struct mhost::FunctionSetAccess;
     MDagPath fPath;
 };

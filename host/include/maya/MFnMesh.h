@@ -15,6 +15,8 @@
 #include <maya/MVector.h>
 #include <maya/MVectorArray.h>
 
+#include <memory>
+
 // Default tolerance of mesh queries.
 #define kMFnMeshTolerance 1.0e-3
 // Distance within which addPolygon takes two points as one by default.
@@ -30,6 +32,10 @@ class MFloatVectorArray;
 class MIntArray;
 class MPointArray;
 class MMeshIsectAccelParams;
+
+namespace mhost {
+class MeshAttachment;
+}
 
 class OPENMAYA_EXPORT MFnMesh : public MFnDagNode {
     MHOST_DECLARE_MFN(MFnMesh)
@@ -172,6 +178,11 @@ class OPENMAYA_EXPORT MFnMesh : public MFnDagNode {
     MStatus assignUVs(const MIntArray& uvCounts, const MIntArray& uvIds, const MString* uvSet = NULL);
     // The assignment as assignUVs takes it; a polygon missing a UV at any corner counts 0.
     MStatus getAssignedUVs(MIntArray& uvCounts, MIntArray& uvIds, const MString* uvSet = NULL) const;
+
+private:
+    friend struct mhost::FunctionSetAccess;
+    // What the set resolved its object to, kept between calls (made at the first call).
+    mutable std::shared_ptr<mhost::MeshAttachment> fAttachment;
 };
 
 // Parameters of the accelerated ray queries, made by MFnMesh::uniformGridParams or

@@ -23,7 +23,8 @@ std::uint64_t transformEdits = 1;
 
 std::uint64_t transformEditCount() { return transformEdits; }
 
-void noteValuesEdited(const Node& node) {
+void noteValuesEdited(Node& node) {
+    ++node.valueEdits;
     if (node.type->apiType == MFn::kTransform) ++transformEdits;
 }
 

@@ -48,6 +48,10 @@ public:
     MMatrix cachedLocalMatrix, cachedIdentityTimesLocal;
     std::uint64_t cachedLocalMatrixEdit = 0;
 
+    // Counts the changes to this node's values and dirty flags (see noteValuesEdited): what is derived
+    // from them is current while the count stays where it was.
+    std::uint64_t valueEdits = 0;
+
     // The stored value of a plug, or the attribute's default when nothing was stored.
     PlugValue storedValue(const PlugKey& key) const;
     // Whether the plug, its whole array or an ancestor plug is flagged dirty.
@@ -65,8 +69,9 @@ using NodePtr = std::shared_ptr<Node>;
 // Counts the changes to values and dirty flags of transform nodes. Anything derived from them (local
 // and world matrices) is current while the count stays where it was when it was derived.
 std::uint64_t transformEditCount();
-// To be called whenever a node's stored values or dirty flags change; counts it for transforms.
-void noteValuesEdited(const Node& node);
+// To be called whenever a node's stored values or dirty flags change; counts it for the node, and for
+// transforms also in transformEditCount.
+void noteValuesEdited(Node& node);
 
 // The node an MObject holds, or null (also for an MObject of another kind).
 NodePtr nodeOf(const MObject& object);

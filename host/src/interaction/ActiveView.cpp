@@ -26,6 +26,7 @@ void ActiveView::setCamera(const NodePtr& camera) {
     if (!camera || !camera->alive || !isCamera(*camera))
         throw HostError("view: '" + (camera ? camera->name : std::string("null")) + "' is not a live camera");
     fCamera = camera;
+    fProjection.reset();
     notifyEvent("modelEditorChanged");
 }
 
@@ -37,7 +38,27 @@ MDagPath ActiveView::cameraPath() const {
 ViewProjection ActiveView::projection() const {
     NodePtr shape = camera();
     if (!shape) throw HostError("view: the view has no camera");
-    return ViewProjection(cameraPath().inclusiveMatrix(), readLens(shape), fWidth, fHeight);
+    if (!isKept(*shape)) {
+        ViewProjection made(cameraPath().inclusiveMatrix(), readLens(shape), fWidth, fHeight);
+        std::vector<const Node*> lineage;
+        for (const Node* n = shape.get(); n; n = n->parent) lineage.push_back(n);
+        // The counts are taken after reading: reading may clean dirty flags, which counts as an edit.
+        fProjection = KeptProjection{lineage, shape->valueEdits, transformEditCount(), fWidth, fHeight, made};
+    }
+    return fProjection->projection;
+}
+
+bool ActiveView::isKept(const Node& camera) const {
+    if (!fProjection || fProjection->cameraEdits != camera.valueEdits ||
+        fProjection->transformEdits != transformEditCount() || fProjection->width != fWidth ||
+        fProjection->height != fHeight)
+        return false;
+    const Node* n = &camera;
+    for (const Node* kept : fProjection->cameraAndAncestors) {
+        if (n != kept) return false;
+        n = n->parent;
+    }
+    return n == nullptr;
 }
 
 ActiveView& activeView() {

@@ -5,6 +5,10 @@
 
 #include <maya/MDagPath.h>
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 #include "graph/Node.h"
 #include "interaction/ViewProjection.h"
 
@@ -36,6 +40,17 @@ private:
     int fHeight = 480;
     std::weak_ptr<Node> fCamera;
     int fRefreshes = 0;
+
+    // The last projection made, reused while the camera, the transforms above it and the size stay as
+    // they were.
+    struct KeptProjection {
+        std::vector<const Node*> cameraAndAncestors;
+        std::uint64_t cameraEdits, transformEdits;
+        int width, height;
+        ViewProjection projection;
+    };
+    mutable std::optional<KeptProjection> fProjection;
+    bool isKept(const Node& camera) const;
 };
 
 ActiveView& activeView();

@@ -296,7 +296,9 @@ RayAccelerator::~RayAccelerator() = default;
 
 bool RayAccelerator::isBuiltFor(const MeshTopology& mesh) const { return meshVersion_ == mesh.version(); }
 
-bool RayAccelerator::hasFacesOf(const MeshTopology& mesh) const { return facesVersion_ == mesh.facesVersion(); }
+bool RayAccelerator::hasFacesOf(const MeshTopology& mesh) const {
+    return facesVersion_ == mesh.facesVersion();
+}
 
 void RayAccelerator::refit(const MeshTopology& mesh) {
     if (!refittable_ || !hasFacesOf(mesh)) fail("refit needs a refittable accelerator and the same faces");
@@ -309,8 +311,10 @@ int RayAccelerator::numTriangles() const { return impl_->fan.numTriangles(); }
 std::vector<RayHit> RayAccelerator::allIntersections(const RayQuery& query) const {
     requireUsableRay(query);
     const HitFilter filter(query);
-    std::vector<RawHit> raw;
-    raw.reserve(8);
+    // Every call needs a list of raw hits; keeping one per thread spares a drag event of hundreds of
+    // rays an allocation per ray.
+    thread_local std::vector<RawHit> raw;
+    raw.clear();
     impl_->trace(query, query.direction, filter, false, raw);
     if (query.bothDirections) impl_->trace(query, -query.direction, filter, true, raw);
     std::vector<RayHit> hits;
@@ -398,17 +402,25 @@ std::optional<SurfacePoint> RayAccelerator::closestPoint(const Vec3& p, double m
     return impl_->surfacePoint(search.triangle, search.nearest, std::sqrt(search.distanceSquared));
 }
 
-// An accelerator someone else holds stays as it is: they asked for the mesh as it was.
+const RayAccelerator& RayAcceleratorCache::acceleratorFor(const MeshTopology& mesh) {
+    if (!accelerator_ || !accelerator_->isBuiltFor(mesh)) rebuildFor(mesh);
+    return *accelerator_;
+}
+
 std::shared_ptr<const RayAccelerator> RayAcceleratorCache::sharedAcceleratorFor(const MeshTopology& mesh) {
-    if (accelerator_ && accelerator_->isBuiltFor(mesh)) return accelerator_;
+    acceleratorFor(mesh);
+    return accelerator_;
+}
+
+// An accelerator someone else holds stays as it is: they asked for the mesh as it was.
+void RayAcceleratorCache::rebuildFor(const MeshTopology& mesh) {
     const bool deforming = accelerator_ && accelerator_->hasFacesOf(mesh);
     if (deforming && accelerator_->isRefittable() && accelerator_.use_count() == 1) {
         accelerator_->refit(mesh);
-        return accelerator_;
+        return;
     }
     accelerator_.reset();
     accelerator_ = std::make_shared<RayAccelerator>(mesh, deforming);
-    return accelerator_;
 }
 
 }  // namespace mhost

@@ -105,12 +105,15 @@ private:
 // place from then on while nothing else holds it.
 class RayAcceleratorCache {
 public:
-    const RayAccelerator& acceleratorFor(const MeshTopology& mesh) { return *sharedAcceleratorFor(mesh); }
+    // Valid until the next call for another version of the mesh.
+    const RayAccelerator& acceleratorFor(const MeshTopology& mesh);
     // The same accelerator, for callers that keep it beyond the cache's next rebuild.
     std::shared_ptr<const RayAccelerator> sharedAcceleratorFor(const MeshTopology& mesh);
     void clear() { accelerator_.reset(); }
 
 private:
+    void rebuildFor(const MeshTopology& mesh);
+
     std::shared_ptr<RayAccelerator> accelerator_;
 };
 

@@ -17,6 +17,7 @@
 MHOST_DEFINE_MFN(MFnMesh, MFn::kMesh)
 
 using mhost::attachedMesh;
+using mhost::attachedSpace;
 using mhost::guardStatus;
 using mhost::guardValue;
 using mhost::MeshRef;
@@ -30,8 +31,8 @@ namespace {
 template <class PointArray>
 MStatus readPoints(const MFnMesh& fn, PointArray& out, MSpace::Space space) {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(fn);
-        const MeshSpace to = MeshSpace::of(mesh, space);
+        const MeshRef& mesh = attachedMesh(fn);
+        const MeshSpace& to = attachedSpace(fn, space);
         const MeshTopology& topology = mesh.mesh();
         out.setLength(topology.numVertices());
         for (int v = 0; v < topology.numVertices(); ++v) out[v] = to.pointOut(Vec3(topology.point(v)));
@@ -41,8 +42,8 @@ MStatus readPoints(const MFnMesh& fn, PointArray& out, MSpace::Space space) {
 template <class PointArray>
 MStatus writePoints(MFnMesh& fn, const PointArray& points, MSpace::Space space) {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(fn);
-        const MeshSpace from = MeshSpace::of(mesh, space);
+        const MeshRef& mesh = attachedMesh(fn);
+        const MeshSpace& from = attachedSpace(fn, space);
         std::vector<Vec3f> objectPoints(points.length());
         for (unsigned int i = 0; i < points.length(); ++i)
             objectPoints[i] = Vec3f(from.pointIn(MPoint(points[i])));
@@ -114,7 +115,7 @@ MStatus MFnMesh::setPoints(MPointArray& vertexArray, MSpace::Space space) {
 
 MStatus MFnMesh::getVertices(MIntArray& vertexCount, MIntArray& vertexList) const {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
+        const MeshRef& mesh = attachedMesh(*this);
         mhost::assignArray(vertexCount, mesh.mesh().polygonCounts());
         mhost::assignArray(vertexList, mesh.mesh().faces().items);
     });
@@ -127,32 +128,32 @@ MStatus MFnMesh::getPolygonVertices(int polygonId, MIntArray& vertexList) const 
 
 MStatus MFnMesh::setPoint(int vertexId, const MPoint& pos, MSpace::Space space) {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
-        const Vec3f objectPoint(MeshSpace::of(mesh, space).pointIn(pos));
+        const MeshRef& mesh = attachedMesh(*this);
+        const Vec3f objectPoint(attachedSpace(*this, space).pointIn(pos));
         mesh.edit([&](MeshTopology& topology) { topology.setPoint(vertexId, objectPoint); });
     });
 }
 
 MStatus MFnMesh::getPoint(int vertexId, MPoint& pos, MSpace::Space space) const {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
-        pos = MeshSpace::of(mesh, space).pointOut(Vec3(mesh.mesh().point(vertexId)));
+        const MeshRef& mesh = attachedMesh(*this);
+        pos = attachedSpace(*this, space).pointOut(Vec3(mesh.mesh().point(vertexId)));
     });
 }
 
 MStatus MFnMesh::getVertexNormal(int vertexId, bool angleWeighted, MVector& normal,
                                  MSpace::Space space) const {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
+        const MeshRef& mesh = attachedMesh(*this);
         mhost::checkIndex("MFnMesh", "vertex", vertexId, mesh.mesh().numVertices());
-        normal = MeshSpace::of(mesh, space).normalOut(mesh.mesh().vertexNormals(angleWeighted)[vertexId]);
+        normal = attachedSpace(*this, space).normalOut(mesh.mesh().vertexNormals(angleWeighted)[vertexId]);
     });
 }
 
 MStatus MFnMesh::getNormals(MFloatVectorArray& normals, MSpace::Space space) const {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
-        const MeshSpace to = MeshSpace::of(mesh, space);
+        const MeshRef& mesh = attachedMesh(*this);
+        const MeshSpace& to = attachedSpace(*this, space);
         const MeshTopology& topology = mesh.mesh();
         const std::vector<int>& offsets = topology.faces().offsets;
         normals.setLength(static_cast<unsigned int>(topology.numFaceVertices()));
@@ -175,8 +176,8 @@ MStatus MFnMesh::getNormalIds(MIntArray& normalIdCounts, MIntArray& normalIds) c
 
 MStatus MFnMesh::getVertexNormals(bool angleWeighted, MFloatVectorArray& normals, MSpace::Space space) const {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
-        const MeshSpace to = MeshSpace::of(mesh, space);
+        const MeshRef& mesh = attachedMesh(*this);
+        const MeshSpace& to = attachedSpace(*this, space);
         const std::vector<Vec3>& objectNormals = mesh.mesh().vertexNormals(angleWeighted);
         normals.setLength(static_cast<unsigned int>(objectNormals.size()));
         for (std::size_t v = 0; v < objectNormals.size(); ++v) normals[v] = to.normalOut(objectNormals[v]);
@@ -185,9 +186,9 @@ MStatus MFnMesh::getVertexNormals(bool angleWeighted, MFloatVectorArray& normals
 
 MStatus MFnMesh::getPolygonNormal(int polygonId, MVector& normal, MSpace::Space space) const {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
+        const MeshRef& mesh = attachedMesh(*this);
         mhost::checkIndex("MFnMesh", "polygon", polygonId, mesh.mesh().numFaces());
-        normal = MeshSpace::of(mesh, space).normalOut(mesh.mesh().faceNormals()[polygonId]);
+        normal = attachedSpace(*this, space).normalOut(mesh.mesh().faceNormals()[polygonId]);
     });
 }
 
@@ -257,7 +258,7 @@ MStatus MFnMesh::getUVs(MFloatArray& uArray, MFloatArray& vArray, const MString*
 // such a mesh can be written back to a rebuilt one.
 MStatus MFnMesh::assignUVs(const MIntArray& uvCounts, const MIntArray& uvIds, const MString* uvSet) {
     return guardStatus([&] {
-        const MeshRef mesh = attachedMesh(*this);
+        const MeshRef& mesh = attachedMesh(*this);
         if (uvCounts.length() == 0 && uvIds.length() == 0) {
             mesh.mesh().uvSets().get(mhost::uvSetName(mesh.mesh(), uvSet));
             return;

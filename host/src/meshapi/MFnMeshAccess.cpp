@@ -1,13 +1,25 @@
 #include "meshapi/MFnMeshAccess.h"
 
-#include "graph/Node.h"
+#include "meshapi/MeshAttachment.h"
 
 namespace mhost {
+namespace {
 
-MeshRef attachedMesh(const MFnMesh& fn) {
-    const MObject object = fn.object();
-    if (nodeOf(object)) return MeshRef::of(fn.dagPath());
-    return MeshRef::of(object);
+MeshAttachment& attachmentOf(const MFnMesh& fn) {
+    std::shared_ptr<MeshAttachment>& attachment = FunctionSetAccess::attachment(fn);
+    if (!attachment) attachment = std::make_shared<MeshAttachment>();
+    return *attachment;
+}
+
+}  // namespace
+
+const MeshRef& attachedMesh(const MFnMesh& fn) {
+    return attachmentOf(fn).mesh(FunctionSetAccess::object(fn), FunctionSetAccess::path(fn));
+}
+
+const MeshSpace& attachedSpace(const MFnMesh& fn, MSpace::Space space) {
+    attachedMesh(fn);
+    return attachmentOf(fn).space(space);
 }
 
 std::string uvSetName(const MeshTopology& mesh, const MString* uvSet) {

@@ -101,7 +101,7 @@ MObject createMesh(MFnMesh& fn, MStatus* ReturnStatus, int numVertices, int numP
 // as an empty Maya shape has no geometry to add to.
 bool hasMeshToAddTo(const MFnMesh& fn) {
     if (fn.object().isNull()) return false;
-    const mhost::MeshRef mesh = mhost::attachedMesh(fn);
+    const mhost::MeshRef& mesh = mhost::attachedMesh(fn);
     return !mesh.isShape() || mesh.mesh().numVertices() > 0 || mesh.mesh().numFaces() > 0;
 }
 
@@ -150,7 +150,7 @@ MObject MFnMesh::addPolygon(const MPointArray& vertexArray, int& faceIndex, bool
         int face = -1;
         MObject result;
         if (hasMeshToAddTo(*this)) {
-            const mhost::MeshRef mesh = mhost::attachedMesh(*this);
+            const mhost::MeshRef& mesh = mhost::attachedMesh(*this);
             mesh.edit([&](MeshTopology& topology) {
                 face = topology.addPolygon(corners, mergeVertices, pointTolerance);
             });

@@ -59,9 +59,9 @@ void writeIfWanted(T* out, const T& value) {
 // The surface point nearest to toThisPoint, with the space it was asked in.
 std::pair<mhost::SurfacePoint, MeshSpace> closestOn(const MFnMesh& fn, const MPoint& toThisPoint,
                                                     MSpace::Space space) {
-    const MeshRef mesh = mhost::attachedMesh(fn);
-    const MeshSpace frame = MeshSpace::of(mesh, space);
-    const auto found = mesh.data()->accelerator()->closestPoint(frame.pointIn(toThisPoint),
+    const MeshRef& mesh = mhost::attachedMesh(fn);
+    const MeshSpace& frame = mhost::attachedSpace(fn, space);
+    const auto found = mesh.data()->accelerator().closestPoint(frame.pointIn(toThisPoint),
                                                                 std::numeric_limits<double>::infinity());
     if (!found) throw mhost::StatusError(MS::kFailure, "MFnMesh: the mesh has no polygons to be near");
     return {*found, frame};
@@ -94,9 +94,9 @@ bool MFnMesh::closestIntersection(const MFloatPoint& raySource, const MFloatVect
                                   int* hitFace, int* hitTriangle, float* hitBary1, float* hitBary2,
                                   float tolerance, MStatus* ReturnStatus) {
     return mhost::guardValue(ReturnStatus, [&] {
-        const MeshRef mesh = mhost::attachedMesh(*this);
-        const MeshSpace frame = MeshSpace::of(mesh, space);
-        const auto hit = mesh.data()->accelerator()->closestIntersection(queryOf(
+        const MeshRef& mesh = mhost::attachedMesh(*this);
+        const MeshSpace& frame = mhost::attachedSpace(*this, space);
+        const auto hit = mesh.data()->accelerator().closestIntersection(queryOf(
             frame, raySource, rayDirection, faceIds, triIds, maxParam, testBothDirections, tolerance));
         if (!hit) return false;
         hitPoint = MFloatPoint(frame.pointOut(hit->point));
@@ -116,12 +116,12 @@ bool MFnMesh::allIntersections(const MFloatPoint& raySource, const MFloatVector&
                                MIntArray* hitTriangles, MFloatArray* hitBary1, MFloatArray* hitBary2,
                                float tolerance, MStatus* ReturnStatus) {
     return mhost::guardValue(ReturnStatus, [&] {
-        const MeshRef mesh = mhost::attachedMesh(*this);
-        const MeshSpace frame = MeshSpace::of(mesh, space);
+        const MeshRef& mesh = mhost::attachedMesh(*this);
+        const MeshSpace& frame = mhost::attachedSpace(*this, space);
         RayQuery query =
             queryOf(frame, raySource, rayDirection, faceIds, triIds, maxParam, testBothDirections, tolerance);
         query.sortHits = sortHits;
-        const std::vector<RayHit> hits = mesh.data()->accelerator()->allIntersections(query);
+        const std::vector<RayHit> hits = mesh.data()->accelerator().allIntersections(query);
         hitPoints.setLength(static_cast<unsigned int>(hits.size()));
         for (std::size_t i = 0; i < hits.size(); ++i)
             hitPoints[i] = MFloatPoint(frame.pointOut(hits[i].point));

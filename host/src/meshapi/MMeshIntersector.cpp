@@ -11,7 +11,7 @@ const char* MMeshIntersector::className() { return "MMeshIntersector"; }
 MStatus MMeshIntersector::create(MObject& meshObject, const MMatrix& matrix) {
     return mhost::guardStatus([&] {
         fAccelerator.reset();
-        fAccelerator = mhost::MeshRef::of(meshObject).data()->accelerator();
+        fAccelerator = mhost::MeshRef::of(meshObject).data()->sharedAccelerator();
         fToObject = matrix.inverse();
     });
 }

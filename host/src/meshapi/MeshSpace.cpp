@@ -3,7 +3,6 @@
 #include <string>
 
 #include "core/ApiObject.h"
-#include "meshapi/MeshRef.h"
 
 namespace mhost {
 bool MeshSpace::isWorldSpace(MSpace::Space space) {
@@ -38,10 +37,6 @@ MeshSpace::MeshSpace(MSpace::Space space, const MMatrix& objectToWorld) : world_
     toWorld_ = objectToWorld;
     toObject_ = inverseOf(objectToWorld);
     normalToWorld_ = toObject_.transpose();
-}
-
-MeshSpace MeshSpace::of(const MeshRef& mesh, MSpace::Space space) {
-    return isWorldSpace(space) ? MeshSpace(space, mesh.worldMatrix()) : MeshSpace(space, MMatrix());
 }
 
 MPoint MeshSpace::pointOut(const Vec3& objectPoint) const {

@@ -12,15 +12,11 @@
 
 namespace mhost {
 
-class MeshRef;
-
 class MeshSpace {
 public:
     // kWorld is world space; kObject (kPreTransform), kTransform and kPostTransform are taken as object
     // space. Throws HostError for kInvalid and values past kLast.
     MeshSpace(MSpace::Space space, const MMatrix& objectToWorld);
-    // The space of a mesh; its world matrix is computed only for world space.
-    static MeshSpace of(const MeshRef& mesh, MSpace::Space space);
     // Whether the space is world space; throws HostError as the constructor does.
     static bool isWorldSpace(MSpace::Space space);
 

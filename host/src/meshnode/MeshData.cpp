@@ -15,7 +15,7 @@ MeshTopology& MeshData::editMesh() {
 
 void MeshData::setMesh(MeshTopology mesh) { mesh_ = std::make_shared<MeshTopology>(std::move(mesh)); }
 
-std::shared_ptr<const RayAccelerator> MeshData::accelerator() const {
+std::shared_ptr<const RayAccelerator> MeshData::sharedAccelerator() const {
     return accelerators_.sharedAcceleratorFor(*mesh_);
 }
 

@@ -35,8 +35,10 @@ public:
     // the data it shared its mesh with can be edited in place rather than copied.
     void releaseMesh() { mesh_ = std::make_shared<MeshTopology>(); }
     // The accelerator of the mesh as it is now: built on first use after each change (O(triangles log
-    // triangles)), then reused. Throws HostError when Embree fails.
-    std::shared_ptr<const RayAccelerator> accelerator() const;
+    // triangles)), then reused; valid until the mesh changes. Throws HostError when Embree fails.
+    const RayAccelerator& accelerator() const { return accelerators_.acceleratorFor(*mesh_); }
+    // The same, for callers that keep it beyond the mesh's next change.
+    std::shared_ptr<const RayAccelerator> sharedAccelerator() const;
     // Takes over the accelerator `other` keeps; it serves this mesh when both have the same version.
     void shareAcceleratorOf(const MeshData& other) { accelerators_ = other.accelerators_; }
 

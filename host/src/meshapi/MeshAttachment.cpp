@@ -1,0 +1,36 @@
+#include "meshapi/MeshAttachment.h"
+
+#include <algorithm>
+
+namespace mhost {
+
+bool MeshAttachment::stillResolves(const MObject& object, const MDagPath& path) const {
+    if (mesh_.isNull() || object.hostObject().get() != object_) return false;
+    const auto& nodes = path.hostNodes();
+    return std::equal(
+        nodes.begin(), nodes.end(), pathNodes_.begin(), pathNodes_.end(),
+        [](const NodePtr& node, const Node* kept) { return node.get() == kept && node->alive; });
+}
+
+const MeshRef& MeshAttachment::mesh(const MObject& object, const MDagPath& path) {
+    if (stillResolves(object, path)) return mesh_;
+    mesh_ = nodeOf(object) ? MeshRef::of(path) : MeshRef::of(object);
+    object_ = object.hostObject().get();
+    pathNodes_.clear();
+    for (const NodePtr& node : path.hostNodes()) pathNodes_.push_back(node.get());
+    world_.reset();
+    return mesh_;
+}
+
+const MeshSpace& MeshAttachment::space(MSpace::Space space) {
+    static const MeshSpace objectSpace(MSpace::kObject, MMatrix());
+    if (!MeshSpace::isWorldSpace(space)) return objectSpace;
+    if (!world_ || !mesh_.isShape() || worldTransformEdits_ != transformEditCount()) {
+        world_.emplace(space, mesh_.worldMatrix());
+        // Taken after the matrix: working it out may clean the transforms' dirty flags, which counts.
+        worldTransformEdits_ = transformEditCount();
+    }
+    return *world_;
+}
+
+}  // namespace mhost
