@@ -86,6 +86,7 @@ MObject kyStrakeContext::pickVerticesAround(double radius, const MDagPath& retop
     brushCenter = worldHit * retopo.inclusiveMatrix().inverse();
     brushVertex = -1;
     const RowGuard guard;
+    const BackFaceTest backFaces(view);
     const double radiusSquared = radius * radius;
     for (int id = 0; id < mesh.count; ++id) {
         if (guard.skips(id)) continue;
@@ -94,7 +95,7 @@ MObject kyStrakeContext::pickVerticesAround(double radius, const MDagPath& retop
         if (!(id <= static_cast<int>(mesh.normals.length()))) continue;
         // An object-space normal against the world view direction: kept as the brush has always
         // tested it.
-        if (!facesCamera(mesh.normal(id))) continue;
+        if (!backFaces.facesCamera(mesh.normal(id))) continue;
         if (brushVertex == -1 && distanceSquared < 100.0) brushVertex = id;
         if (freezeBorder && containsId(id, frozenVertices)) continue;
         picked.addElement(id);
@@ -110,6 +111,7 @@ MObject kyStrakeContext::pickVerticesAroundSource(double radius, const MDagPath&
     brushVertex = -1;
 
     const RowGuard guard;
+    const BackFaceTest backFaces(view);
     const double radiusSquared = radius * radius;
     MStatus status;
     MItMeshVertex vertices(retopo, MObject::kNullObj, &status);
@@ -123,7 +125,7 @@ MObject kyStrakeContext::pickVerticesAroundSource(double radius, const MDagPath&
             MVector vertexNormal;
             vertices.getNormal(vertexNormal, MSpace::kWorld);
             normal = vertexNormal;
-            if (!facesCamera(vertexNormal)) continue;
+            if (!backFaces.facesCamera(vertexNormal)) continue;
             if (freezeBorder && containsId(id, frozenVertices)) continue;
             picked.addElement(id);
         }
@@ -155,7 +157,7 @@ MObject kyStrakeContext::pickWeightedAround(double radius, const MDagPath& retop
         const MPoint position = mesh.point(id);
         const double distanceSquared = squaredDistance(position, brushCenter);
         if (!(distanceSquared <= radiusSquared)) continue;
-        // Unlike facesCamera, a normal at right angles to the view passes here.
+        // Unlike BackFaceTest, a normal at right angles to the view passes here.
         if (backFaceTest && viewDirection * mesh.normal(id) > 0.0) continue;
         picked.addElement(id);
         moveAnchors.append(position);
@@ -173,6 +175,7 @@ MObject kyStrakeContext::pickWeightedAroundSource(double radius, const MDagPath&
     moveHitState = sourceHitAt(pressX, pressY, brushCenter) ? 1 : -1;
 
     const RowGuard guard;
+    const BackFaceTest backFaces(view);
     const double radiusSquared = radius * radius;
     MVector lastNormal;
     MStatus status;
@@ -185,7 +188,7 @@ MObject kyStrakeContext::pickWeightedAroundSource(double radius, const MDagPath&
             const double distanceSquared = squaredDistance(position, brushCenter);
             if (!(radiusSquared > distanceSquared)) continue;
             vertices.getNormal(lastNormal, MSpace::kWorld);
-            if (!facesCamera(lastNormal)) continue;
+            if (!backFaces.facesCamera(lastNormal)) continue;
             picked.addElement(id);
             moveWeights.push_back((radiusSquared - distanceSquared) / radiusSquared);
             moveAnchors.append(position);

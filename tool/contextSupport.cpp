@@ -3,6 +3,8 @@
 #include <maya/MDagPath.h>
 #include <maya/MFnCamera.h>
 
+#include "geometry/functions.h"
+
 GestureKeys::GestureKeys(const MEvent& event) {
     const MEvent::MouseButtonType button = event.mouseButton();
     lmb = button == MEvent::kLeftMouse;
@@ -16,6 +18,10 @@ MVector cameraViewDirection(M3dView& view) {
     if (!view.getCamera(camera)) return MVector::zero;
     return MFnCamera(camera).viewDirection(MSpace::kWorld);
 }
+
+BackFaceTest::BackFaceTest(M3dView& view)
+    : enabled_(optionFlag("ky_strakeBackFace", 1)),
+      viewDirection_(enabled_ ? cameraViewDirection(view) : MVector::zero) {}
 
 MVector cameraRightDirection(M3dView& view) {
     MDagPath camera;

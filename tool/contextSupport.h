@@ -31,3 +31,17 @@ inline bool isMiss(const MPoint& point) { return point == MPoint::origin; }
 MVector cameraViewDirection(M3dView& view);
 MVector cameraRightDirection(M3dView& view);
 MMatrix cameraMatrix(M3dView& view);
+
+// Whether a normal faces the camera of `view`; every normal does with the option ky_strakeBackFace
+// off. The option and the camera are read once, when the test is made, so that a pick can test
+// thousands of vertices against them.
+class BackFaceTest {
+public:
+    explicit BackFaceTest(M3dView& view);
+    // Strictly below 0: a normal at right angles to the view counts as turned away.
+    bool facesCamera(const MVector& normal) const { return !enabled_ || viewDirection_ * normal < 0.0; }
+
+private:
+    bool enabled_;
+    MVector viewDirection_;
+};

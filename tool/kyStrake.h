@@ -131,8 +131,6 @@ public:
     // position with `useCurrentPosition`, else the press) that faces the camera and lies on a
     // border. -1 when none.
     int pickBoundaryVertex(double radius, bool useCurrentPosition);
-    // Whether `normal` faces the camera; always true with the option ky_strakeBackFace off.
-    bool facesCamera(const MVector& normal);
     // Whether source face `face` fronts `eye`; `faces` is an iterator on the source mesh.
     bool faceFrontsEye(int face, const MPoint& eye, MItMeshPolygon& faces);
 

@@ -213,12 +213,6 @@ MStatus kyStrakeContext::snapToSource(MPointArray& points) {
     return MS::kSuccess;
 }
 
-bool kyStrakeContext::facesCamera(const MVector& normal) {
-    if (!optionFlag("ky_strakeBackFace", 1)) return true;
-    // Strictly below 0: a normal at right angles to the view counts as turned away.
-    return cameraViewDirection(view) * normal < 0.0;
-}
-
 int kyStrakeContext::pickBoundaryVertex(double radius, bool useCurrentPosition) {
     const short x = useCurrentPosition ? currentX : pressX;
     const short y = useCurrentPosition ? currentY : pressY;
@@ -230,6 +224,7 @@ int kyStrakeContext::pickBoundaryVertex(double radius, bool useCurrentPosition) 
     MItMeshEdge edges(retopo, MObject::kNullObj, &status);
     if (!status) return -1;
 
+    const BackFaceTest backFaces(view);
     const double radiusSquared = radius * radius;
     // The lowest index in range wins, not the nearest vertex.
     for (; !vertices.isDone(); vertices.next()) {
@@ -241,7 +236,7 @@ int kyStrakeContext::pickBoundaryVertex(double radius, bool useCurrentPosition) 
         if (!(dx * dx + dy * dy < radiusSquared)) continue;
         MVector normal;
         vertices.getNormal(normal, MSpace::kWorld);
-        if (!facesCamera(normal)) continue;
+        if (!backFaces.facesCamera(normal)) continue;
         if (touchesBorder(vertices, edges)) return vertices.index();
     }
     return -1;

@@ -159,6 +159,23 @@ TEST_F(MeshApiHistory, EditsOnAShapeWithoutHistoryAreKeptUnderItsTweaks) {
     EXPECT_EQ(7, MFnMesh(src).numPolygons()) << "a new polygon survives re-evaluation";
 }
 
+TEST_F(MeshApiHistory, EditsInPlaceReachConsumersAndSpareCopiesHeldElsewhere) {
+    ASSERT_TRUE(runCommand("connectAttr srcShape.outMesh dstShape.inMesh"));
+    EXPECT_EQ(8, MFnMesh(dst).numVertices());
+    const MObject held = plugOf(src, "outMesh").asMObject();
+    MFnMesh source(src);
+    ASSERT_TRUE(source.setPoint(6, MPoint(0, 4, 1)));
+    EXPECT_TRUE(pointOf(held, 6).isEquivalent(MPoint(0, 1, 1))) << "a copy taken before keeps its point";
+    EXPECT_TRUE(pointOf(dst, 6).isEquivalent(MPoint(0, 4, 1)));
+    ASSERT_TRUE(source.setPoint(6, MPoint(0, 5, 1)));
+    EXPECT_TRUE(pointOf(dst, 6).isEquivalent(MPoint(0, 5, 1))) << "the consumer hears every edit";
+    ASSERT_TRUE(runCommand("setAttr src.translateX 2"));
+    EXPECT_TRUE(pointOf(src, 6, MSpace::kWorld).isEquivalent(MPoint(2, 5, 1)));
+    EXPECT_TRUE(pointOf(plugOf(src, "worldMesh").elementByLogicalIndex(0).asMObject(), 6)
+                    .isEquivalent(MPoint(0, 5, 1)))
+        << "worldMesh data holds object-space points under its matrix";
+}
+
 TEST_F(MeshApiHistory, DeletingHistoryOrDisconnectingKeepsTheLastMesh) {
     ASSERT_TRUE(
         runCommand("createNode polyTweak -n tweaks; connectAttr srcShape.outMesh tweaks.inputPolymesh;"

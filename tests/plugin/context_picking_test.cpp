@@ -4,6 +4,7 @@
 #include <maya/MFnSingleIndexedComponent.h>
 
 #include "tests/plugin/contextScene.h"
+#include "tool/contextSupport.h"
 
 namespace kytest {
 namespace {
@@ -86,12 +87,15 @@ TEST_F(ContextPicking, BoundaryPickTakesTheLowestIndexInRangeNotTheNearest) {
 TEST_F(ContextPicking, FacingIsStrictAndTheOptionTurnsItOff) {
     makeSourceScene();
     activate(*context);
+    M3dView view = M3dView::active3dView();
+    const BackFaceTest backFaces(view);
     const MVector towardEye(0, -1, 0);  // the camera looks up at the grid
-    EXPECT_TRUE(context->facesCamera(towardEye));
-    EXPECT_FALSE(context->facesCamera(-towardEye));
-    EXPECT_FALSE(context->facesCamera(MVector(1, 0, 0)));  // at right angles to the view
+    EXPECT_TRUE(backFaces.facesCamera(towardEye));
+    EXPECT_FALSE(backFaces.facesCamera(-towardEye));
+    EXPECT_FALSE(backFaces.facesCamera(MVector(1, 0, 0)));  // at right angles to the view
     setOption("ky_strakeBackFace", 0);
-    EXPECT_TRUE(context->facesCamera(-towardEye));
+    EXPECT_TRUE(backFaces.facesCamera(towardEye)) << "the option is read when the test is made";
+    EXPECT_TRUE(BackFaceTest(view).facesCamera(-towardEye));
 }
 
 TEST_F(ContextPicking, SnapAndReprojectPullPointsOntoTheSource) {

@@ -274,7 +274,10 @@ MObject MPlug::asMObject(MStatus* ReturnStatus) const {
         numeric->values = value.numbers;
         return mhost::wrapData(numeric);
     }
-    return value.data;
+    // A copy, so that what the caller does with it leaves the plug's value alone (mesh data shares
+    // its mesh until one side changes it).
+    const mhost::DataPtr data = mhost::dataOf(value.data);
+    return data ? mhost::wrapData(data->clone()) : value.data;
 }
 
 MDataHandle MPlug::asMDataHandle(MStatus* ReturnStatus) const {

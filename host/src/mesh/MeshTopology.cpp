@@ -293,10 +293,18 @@ void MeshTopology::pointMoved(int vertex) {
 
 namespace {
 
-std::vector<int> sortedUnique(std::vector<int> ids) {
-    std::sort(ids.begin(), ids.end());
-    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
-    return ids;
+// Each id of `ids` (all below `count`) once, in order of first appearance. A bit per possible id costs
+// less than sorting the thousands of ids a brush stroke moves.
+std::vector<int> uniqueIds(const std::vector<int>& ids, int count) {
+    std::vector<bool> seen(static_cast<std::size_t>(count));
+    std::vector<int> unique;
+    unique.reserve(ids.size());
+    for (int id : ids) {
+        if (seen[id]) continue;
+        seen[id] = true;
+        unique.push_back(id);
+    }
+    return unique;
 }
 
 // The cached array itself when nothing else shares it, else a copy of it put in its place.
@@ -314,11 +322,11 @@ void MeshTopology::updateMovedNormals() const {
     std::vector<int> faces;
     for (int vertex : derived_.movedVertices)
         for (int face : around.vertexFaces(vertex)) faces.push_back(face);
-    faces = sortedUnique(std::move(faces));
+    faces = uniqueIds(faces, numFaces());
     std::vector<int> vertices;
     for (int face : faces)
         for (int vertex : faces_.row(face)) vertices.push_back(vertex);
-    vertices = sortedUnique(std::move(vertices));
+    vertices = uniqueIds(vertices, numVertices());
 
     std::vector<Vec3>& faceNormals = ownCopy(derived_.faceNormals);
     updateFaceNormals(*this, faces, faceNormals);

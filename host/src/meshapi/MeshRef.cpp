@@ -1,5 +1,7 @@
 #include "meshapi/MeshRef.h"
 
+#include <optional>
+
 #include "graph/ApiBridge.h"
 #include "meshnode/MeshShapeNode.h"
 #include "meshnode/ShapeGeometry.h"
@@ -22,12 +24,11 @@ MeshRef MeshRef::of(const MObject& object) {
 }
 
 MeshRef MeshRef::of(const MDagPath& path) {
-    MDagPath shapePath(path);
-    if (!path.isValid() || !shapePath.extendToShape() || shapePath.apiType() != MFn::kMesh)
-        fail("the path '" + std::string(path.fullPathName().asChar()) + "' leads to no mesh shape");
     MeshRef ref;
-    ref.shape_ = shapePath.hostNodes().back();
-    ref.path_ = shapePath;
+    ref.path_ = path;
+    if (!path.isValid() || !ref.path_.extendToShape() || ref.path_.apiType() != MFn::kMesh)
+        fail("the path '" + std::string(path.fullPathName().asChar()) + "' leads to no mesh shape");
+    ref.shape_ = ref.path_.hostNodes().back();
     return ref;
 }
 
@@ -41,13 +42,35 @@ const MeshDataPtr& MeshRef::data() const {
     if (!shape_->alive) fail("the shape '" + shape_->name + "' has been deleted");
     const PlugKey output{meshShapeAttributes().outMesh.get(), -1};
     const auto stored = shape_->values.find(output);
-    const bool current = data_ && !shape_->isDirty(output) && stored != shape_->values.end() &&
-                         stored->second.data.hostObject() == data_;
-    if (!current) data_ = shapeGeometry(shape_);
+    if (stored == shape_->values.end() || shape_->isDirty(output)) {
+        data_ = shapeGeometry(shape_);
+    } else if (!data_ || stored->second.data.hostObject() != data_) {
+        // A clean output holding mesh data is the shape's mesh as it is: no evaluation needed.
+        MeshDataPtr held = meshDataOf(stored->second.data);
+        data_ = held ? std::move(held) : shapeGeometry(shape_);
+    }
     return data_;
 }
 
 MMatrix MeshRef::worldMatrix() const { return shape_ ? path_.inclusiveMatrix() : data()->matrix; }
+
+MeshSpace MeshRef::worldSpace() const {
+    if (!shape_) return MeshSpace(MSpace::kWorld, data()->matrix);
+    struct Kept {
+        std::weak_ptr<Node> shape;
+        std::uint64_t transformEdits = 0;
+        std::optional<MeshSpace> space;
+    };
+    thread_local Kept kept;
+    const bool sameShape = !kept.shape.owner_before(shape_) && !shape_.owner_before(kept.shape);
+    if (!kept.space || !sameShape || kept.transformEdits != transformEditCount()) {
+        kept.space.emplace(MSpace::kWorld, path_.inclusiveMatrix());
+        kept.shape = shape_;
+        // Taken after the matrix: working it out may clean the transforms' dirty flags, which counts.
+        kept.transformEdits = transformEditCount();
+    }
+    return *kept.space;
+}
 
 void MeshRef::edit(const std::function<void(MeshTopology&)>& edit) const {
     if (!shape_) return edit(data()->editMesh());

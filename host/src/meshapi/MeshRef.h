@@ -10,6 +10,7 @@
 #include <functional>
 
 #include "graph/Node.h"
+#include "meshapi/MeshSpace.h"
 #include "meshnode/MeshData.h"
 
 namespace mhost {
@@ -37,6 +38,9 @@ public:
     const MeshTopology& mesh() const { return data()->mesh(); }
     // Object to world: the path's inclusive matrix for a shape, the data's own matrix for data.
     MMatrix worldMatrix() const;
+    // The world frame of worldMatrix(). A shape's is kept from one call to the next while no transform
+    // changes, so that iterators made vertex by vertex do not each invert the same matrix.
+    MeshSpace worldSpace() const;
     // Changes the mesh: in place for data, by the rules of editShapeGeometry for a shape.
     void edit(const std::function<void(MeshTopology&)>& edit) const;
 

@@ -62,7 +62,7 @@ int MeshWalk::moveTo(int id) {
 
 const MeshSpace& MeshWalk::frame(MSpace::Space space) const {
     if (!MeshSpace::isWorldSpace(space)) return object_;
-    if (!world_) world_ = MeshSpace(space, mesh_.worldMatrix());
+    if (!world_) world_ = mesh_.worldSpace();
     return *world_;
 }
 

@@ -29,8 +29,12 @@ public:
     // The mesh, to be changed in place; first copies it (O(mesh)) when another data object shares it.
     MeshTopology& editMesh();
     void setMesh(MeshTopology mesh);
+    // The mesh, to be changed in place for every data object that shares it.
+    MeshTopology& editSharedMesh() { return *mesh_; }
     // Whether `other` holds the very same mesh (not an equal copy).
     bool sharesMeshWith(const MeshData& other) const { return mesh_ == other.mesh_; }
+    // How many data objects share the mesh, this one included.
+    long meshShareCount() const { return mesh_.use_count(); }
     // Lets go of the mesh, holding an empty one: for a value about to be computed again, so that
     // the data it shared its mesh with can be edited in place rather than copied.
     void releaseMesh() { mesh_ = std::make_shared<MeshTopology>(); }
