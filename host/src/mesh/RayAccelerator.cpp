@@ -194,7 +194,12 @@ RayAccelerator::Impl::Impl(const MeshTopology& mesh, bool refittable)
     scene.reset(rtcNewScene(sharedDevice()));
     throwOnDeviceError("creating a scene");
     // Robust traversal keeps rays from slipping between triangles through a shared edge.
-    rtcSetSceneFlags(scene.get(), RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_CONTEXT_FILTER_FUNCTION);
+    int flags = RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_CONTEXT_FILTER_FUNCTION;
+    // Embree refits only a dynamic scene of low build quality; anything else rebuilds from scratch
+    // at every commit, which costs a drag event on a retopo mesh some milliseconds.
+    if (refittable) flags |= RTC_SCENE_FLAG_DYNAMIC;
+    rtcSetSceneFlags(scene.get(), static_cast<RTCSceneFlags>(flags));
+    if (refittable) rtcSetSceneBuildQuality(scene.get(), RTC_BUILD_QUALITY_LOW);
     if (fan.numTriangles() > 0) attachTriangles(refittable);
     rtcCommitScene(scene.get());
     throwOnDeviceError("building the hierarchy");
