@@ -23,8 +23,7 @@ const MeshRef& MeshAttachment::mesh(const MObject& object, const MDagPath& path)
 }
 
 const MeshSpace& MeshAttachment::space(MSpace::Space space) {
-    static const MeshSpace objectSpace(MSpace::kObject, MMatrix());
-    if (!MeshSpace::isWorldSpace(space)) return objectSpace;
+    if (!MeshSpace::isWorldSpace(space)) return MeshSpace::objectSpace();
     if (!world_ || !mesh_.isShape() || worldTransformEdits_ != transformEditCount()) {
         world_.emplace(space, mesh_.worldMatrix());
         // Taken after the matrix: working it out may clean the transforms' dirty flags, which counts.

@@ -19,16 +19,15 @@ MeshRef MeshRef::of(const MObject& object) {
     if (!node || node->type->apiType != MFn::kMesh) fail("the object is neither a mesh shape nor mesh data");
     MeshRef ref;
     ref.shape_ = node;
-    ref.path_ = MDagPath::fromHostNode(node);
     return ref;
 }
 
 MeshRef MeshRef::of(const MDagPath& path) {
-    MeshRef ref;
-    ref.path_ = path;
-    if (!path.isValid() || !ref.path_.extendToShape() || ref.path_.apiType() != MFn::kMesh)
+    MDagPath shapePath(path);
+    if (!path.isValid() || !shapePath.extendToShape() || shapePath.apiType() != MFn::kMesh)
         fail("the path '" + std::string(path.fullPathName().asChar()) + "' leads to no mesh shape");
-    ref.shape_ = ref.path_.hostNodes().back();
+    MeshRef ref;
+    ref.shape_ = shapePath.hostNodes().back();
     return ref;
 }
 
@@ -52,7 +51,10 @@ const MeshDataPtr& MeshRef::data() const {
     return data_;
 }
 
-MMatrix MeshRef::worldMatrix() const { return shape_ ? path_.inclusiveMatrix() : data()->matrix; }
+// A DAG node has one path, so the shape alone places the mesh.
+MMatrix MeshRef::worldMatrix() const {
+    return shape_ ? MDagPath::fromHostNode(shape_).inclusiveMatrix() : data()->matrix;
+}
 
 MeshSpace MeshRef::worldSpace() const {
     if (!shape_) return MeshSpace(MSpace::kWorld, data()->matrix);
@@ -64,7 +66,7 @@ MeshSpace MeshRef::worldSpace() const {
     thread_local Kept kept;
     const bool sameShape = !kept.shape.owner_before(shape_) && !shape_.owner_before(kept.shape);
     if (!kept.space || !sameShape || kept.transformEdits != transformEditCount()) {
-        kept.space.emplace(MSpace::kWorld, path_.inclusiveMatrix());
+        kept.space.emplace(MSpace::kWorld, worldMatrix());
         kept.shape = shape_;
         // Taken after the matrix: working it out may clean the transforms' dirty flags, which counts.
         kept.transformEdits = transformEditCount();

@@ -1,6 +1,6 @@
 #pragma once
-// What a mesh function set or iterator works on: a mesh shape, with the DAG path that places it, or a
-// mesh data object. Reads see the mesh as it is now. A shape's data object is looked up again only
+// What a mesh function set or iterator works on: a mesh shape (a DAG node has one path, so the shape
+// alone places it) or a mesh data object. Reads see the mesh as it is now. A shape's data object is looked up again only
 // when the shape's output has changed, so a step of an iterator over a big mesh costs a map lookup,
 // not an evaluation.
 
@@ -28,7 +28,6 @@ public:
     bool isNull() const { return !shape_ && !data_; }
     bool isShape() const { return shape_ != nullptr; }
     const NodePtr& shape() const { return shape_; }
-    const MDagPath& path() const { return path_; }
     // The shape node or the data object, as an MObject.
     MObject object() const;
 
@@ -46,7 +45,6 @@ public:
 
 private:
     NodePtr shape_;
-    MDagPath path_;
     mutable MeshDataPtr data_;
 };
 

@@ -11,6 +11,11 @@ bool MeshSpace::isWorldSpace(MSpace::Space space) {
     return space == MSpace::kWorld;
 }
 
+const MeshSpace& MeshSpace::objectSpace() {
+    static const MeshSpace object(MSpace::kObject, MMatrix());
+    return object;
+}
+
 namespace {
 
 // Every world-space call on a mesh makes a MeshSpace, and a stroke's calls all use the same matrix:

@@ -19,6 +19,8 @@ public:
     MeshSpace(MSpace::Space space, const MMatrix& objectToWorld);
     // Whether the space is world space; throws HostError as the constructor does.
     static bool isWorldSpace(MSpace::Space space);
+    // Object space, made once: every non-world space is the mesh's own.
+    static const MeshSpace& objectSpace();
 
     bool isWorld() const { return world_; }
     MPoint pointOut(const Vec3& objectPoint) const;

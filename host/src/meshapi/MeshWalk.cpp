@@ -11,8 +11,7 @@ namespace mhost {
 MeshWalk::MeshWalk(MeshRef mesh, MFn::Type kind, std::optional<std::vector<int>> elements)
     : mesh_(std::move(mesh)),
       kind_(kind),
-      elements_(std::move(elements)),
-      object_(MSpace::kObject, MMatrix()) {
+      elements_(std::move(elements)) {
     mesh_.data();
 }
 
@@ -61,7 +60,7 @@ int MeshWalk::moveTo(int id) {
 }
 
 const MeshSpace& MeshWalk::frame(MSpace::Space space) const {
-    if (!MeshSpace::isWorldSpace(space)) return object_;
+    if (!MeshSpace::isWorldSpace(space)) return MeshSpace::objectSpace();
     if (!world_) world_ = mesh_.worldSpace();
     return *world_;
 }
@@ -81,6 +80,7 @@ std::optional<std::vector<int>> componentVertices(const MObject& component, cons
     if (parts->apiType() == MFn::kMeshVertComponent) {
         // Ids past the mesh's last vertex name nothing and are passed over.
         std::vector<int> vertices;
+        vertices.reserve(parts->elements().size());
         for (int id : parts->elements())
             if (id < mesh.numVertices()) vertices.push_back(id);
         return vertices;

@@ -43,7 +43,6 @@ private:
     MFn::Type kind_;
     std::optional<std::vector<int>> elements_;
     int position_ = 0;
-    MeshSpace object_;
     mutable std::optional<MeshSpace> world_;
 };
 
