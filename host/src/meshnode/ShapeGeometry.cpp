@@ -53,8 +53,7 @@ void releaseComputedShares(const NodePtr& shape, const MeshData& own) {
 bool onlyTheShapeHolds(const NodePtr& shape, const MeshData& own) {
     long holders = 0;
     for (const auto& entry : shape->values) {
-        if (entry.second.data.isNull()) continue;
-        const MeshDataPtr data = meshDataOf(entry.second.data);
+        const auto* data = dynamic_cast<const MeshData*>(entry.second.data.hostObject().get());
         if (data && data->sharesMeshWith(own)) ++holders;
     }
     return own.meshShareCount() == holders;
