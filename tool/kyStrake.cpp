@@ -136,13 +136,15 @@ MStatus kyStrakeContext::rebuildAccelerators() {
     // One mean vertex normal per face, world space, deliberately not normalised.
     MItMeshPolygon faces(source, MObject::kNullObj, &status);
     KY_RETURN_ON_FAILURE(status);
-    MVectorArray faceNormals;
+    // Sized once: growing by appends would copy a dense scan's array again and again.
+    MVectorArray faceNormals(faces.count(&status));
+    KY_RETURN_ON_FAILURE(status);
     MVectorArray corners;
-    for (; !faces.isDone(); faces.next()) {
+    for (unsigned face = 0; !faces.isDone(); faces.next(), ++face) {
         KY_RETURN_ON_FAILURE(faces.getNormals(corners, MSpace::kWorld));
         MVector sum;
         for (unsigned i = 0; i < corners.length(); ++i) sum += corners[i];
-        faceNormals.append(corners.length() > 0 ? sum / static_cast<double>(corners.length()) : sum);
+        faceNormals[face] = corners.length() > 0 ? sum / static_cast<double>(corners.length()) : sum;
     }
     if (faceNormals.length() == 0) return MS::kUnknownParameter;
     KY_RETURN_ON_FAILURE(setVectorArrayAttr("inputNormals", findStrakeLocator(), faceNormals));

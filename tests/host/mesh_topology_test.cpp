@@ -8,6 +8,7 @@
 #include "core/ApiObject.h"
 #include "mesh/MeshTopology.h"
 #include "mesh/ProceduralMeshes.h"
+#include "mesh/VertexFans.h"
 
 using mhost::HostError;
 using mhost::MeshTopology;
@@ -307,6 +308,34 @@ TEST(MeshNormals, APinchedVertexKeepsOneNormalPerFanAndOthersTakeTheVertexNormal
             EXPECT_EQ(sphere.vertexNormals(true)[sphere.faces().items[corner]], cornerNormal(sphere, corner));
         sphere.setPoint(3, sphere.point(3) * 1.2f);
     }
+}
+
+// Whether a mesh can skip the corner grouping: only when no vertex could have two corner normals.
+TEST(MeshNormals, WholeFansAreToldWithoutTheEdgeTable) {
+    EXPECT_TRUE(mhost::everyVertexFanIsWhole(mhost::makeUvSphere(1.0, 10, 6)));
+    EXPECT_TRUE(mhost::everyVertexFanIsWhole(mhost::makeTorus(3.0, 1.0, 12, 8)));
+    MeshTopology withLoose({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {5, 5, 5}}, {3}, {0, 1, 2});
+    EXPECT_TRUE(mhost::everyVertexFanIsWhole(withLoose)) << "a vertex no polygon uses has no fan to split";
+
+    const MeshTopology pinched({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}, {3, 3},
+                               {0, 1, 2, 0, 3, 4});
+    EXPECT_FALSE(mhost::everyVertexFanIsWhole(pinched));
+    // A third triangle sharing an edge with each of the pinched pair makes the fan whole again.
+    const MeshTopology bridged({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}, {3, 3, 3},
+                               {0, 1, 2, 0, 3, 4, 0, 2, 3});
+    EXPECT_TRUE(mhost::everyVertexFanIsWhole(bridged));
+    // Three fins on one edge: whole, though not manifold.
+    MeshTopology fins;
+    fins.addPolygon({{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}}, true, 1e-4);
+    fins.addPolygon({{0, 0, 0}, {0, 1, 0}, {0, 1, 1}, {0, 0, 1}}, true, 1e-4);
+    fins.addPolygon({{0, 1, 0}, {0, 0, 0}, {-1, 0, -1}, {-1, 1, -1}}, true, 1e-4);
+    EXPECT_TRUE(mhost::everyVertexFanIsWhole(fins));
+
+    MeshTopology folded = unitSquare();
+    folded.addPolygon({{1, 0, -1}, {1, 0, 0}, {1, -1, 0}, {1, -1, -1}}, true, 1e-4);
+    EXPECT_TRUE(mhost::everyVertexFanIsWhole(folded));
+    folded.setEdgeSmooth(folded.adjacency().findEdge(1, 2), false);
+    EXPECT_FALSE(mhost::everyVertexFanIsWhole(folded)) << "a hard edge always needs the full grouping";
 }
 
 TEST(MeshNormals, CachedResultsFollowPointEdits) {

@@ -68,6 +68,8 @@ void MeshAdjacency::buildEdges(const CompressedRows& faces) {
     std::vector<int> slotHigherEnd(slotStart.back());
     faceEdges_.offsets = faces.offsets;
     faceEdges_.items.resize(faces.items.size());
+    // At most one edge per corner; pages reserved and never written cost nothing.
+    edgeEnds_.reserve(faces.items.size());
     forEachFaceEdge(faces, [&](int, int corner, int a, int b) {
         const int low = std::min(a, b);
         const int high = std::max(a, b);

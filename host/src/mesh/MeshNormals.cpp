@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "mesh/MeshTopology.h"
+#include "mesh/VertexFans.h"
 
 namespace mhost {
 namespace {
@@ -147,9 +148,13 @@ std::vector<char> splitVertices(const MeshTopology& mesh, CornerGroups& groups) 
 // sum, taken in the same face order: the cached vertex normal is used, to the same bits. Only split
 // vertices need their corners' angles summed group by group.
 SplitCornerNormals computeSplitCornerNormals(const MeshTopology& mesh) {
+    SplitCornerNormals result;
+    if (everyVertexFanIsWhole(mesh)) {
+        result.splitVertex.assign(mesh.numVertices(), 0);
+        return result;
+    }
     const std::vector<Vec3>& faceNormals = mesh.faceNormals();
     CornerGroups groups = smoothCornerGroups(mesh);
-    SplitCornerNormals result;
     result.splitVertex = splitVertices(mesh, groups);
     const std::vector<char>& split = result.splitVertex;
     if (std::find(split.begin(), split.end(), 1) == split.end()) return result;

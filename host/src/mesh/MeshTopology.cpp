@@ -207,6 +207,10 @@ bool MeshTopology::isEdgeSmooth(int edge) const {
     return static_cast<std::size_t>(edge) >= hardEdges_.size() || !hardEdges_[edge];
 }
 
+bool MeshTopology::hasHardEdges() const {
+    return std::find(hardEdges_.begin(), hardEdges_.end(), 1) != hardEdges_.end();
+}
+
 void MeshTopology::setEdgeSmooth(int edge, bool smooth) {
     checkIndex(kOwner, "edge", edge, numEdges());
     if (hardEdges_.size() <= static_cast<std::size_t>(edge)) hardEdges_.resize(numEdges(), 0);

@@ -78,6 +78,7 @@ public:
 
     // Every edge is smooth until set otherwise.
     bool isEdgeSmooth(int edge) const;
+    bool hasHardEdges() const;
     void setEdgeSmooth(int edge, bool smooth);
     // The same for many edges at once (smooth[i], non-zero for smooth, for edges[i]): one change of
     // the mesh rather than one per edge. Every id is checked before anything changes.
