@@ -194,6 +194,16 @@ const std::vector<Vec3>& MeshTopology::vertexNormals(bool angleWeighted) const {
     return *cached;
 }
 
+std::shared_ptr<const std::vector<Vec3>> MeshTopology::sharedFaceNormals() const {
+    faceNormals();
+    return derived_.faceNormals;
+}
+
+std::shared_ptr<const std::vector<Vec3>> MeshTopology::sharedVertexNormals(bool angleWeighted) const {
+    vertexNormals(angleWeighted);
+    return derived_.vertexNormals[angleWeighted ? 1 : 0];
+}
+
 Vec3 MeshTopology::faceVertexNormal(int face, int corner) const {
     auto& split = derived_.splitCornerNormals;
     if (!split) split = std::make_shared<const SplitCornerNormals>(computeSplitCornerNormals(*this));

@@ -70,6 +70,10 @@ public:
     // Unit normal of each vertex: its polygons' normals weighted by the corner angle, or plainly averaged
     // when angleWeighted is false. Zero for a vertex no polygon uses.
     const std::vector<Vec3>& vertexNormals(bool angleWeighted) const;
+    // The same arrays, for a holder that keeps them past the mesh's next change: the mesh copies an
+    // array before changing it while another holds it.
+    std::shared_ptr<const std::vector<Vec3>> sharedFaceNormals() const;
+    std::shared_ptr<const std::vector<Vec3>> sharedVertexNormals(bool angleWeighted) const;
     // The normal of face-vertex `corner` (indexed like faces().items), a corner of `face`: the
     // angle-weighted average over the polygons around the vertex reached across smooth edges, so a
     // hard edge or a pinched fan splits the normal; the face's normal where that average is zero.

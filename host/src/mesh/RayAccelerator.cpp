@@ -113,8 +113,9 @@ struct RayAccelerator::Impl {
     FanTriangulation fan;
     // x, y, z per vertex plus one float of padding: Embree reads the last vertex as 16 bytes.
     std::vector<float> coords;
-    std::vector<Vec3> vertexNormals;
-    std::vector<Vec3> faceNormals;
+    // Shared with the mesh, which copies them before it changes them.
+    std::shared_ptr<const std::vector<Vec3>> vertexNormals;
+    std::shared_ptr<const std::vector<Vec3>> faceNormals;
     // Last, so that it goes first: the scene reads the arrays above.
     std::unique_ptr<RTCSceneTy, ReleaseScene> scene;
 
@@ -188,8 +189,8 @@ void rejectFilteredHit(const RTCFilterFunctionNArguments* args) {
 RayAccelerator::Impl::Impl(const MeshTopology& mesh, bool refittable)
     : fan(fanTriangulate(mesh.faces())),
       coords(mesh.rawPoints(), mesh.rawPoints() + 3 * static_cast<std::size_t>(mesh.numVertices())),
-      vertexNormals(mesh.vertexNormals(true)),
-      faceNormals(mesh.faceNormals()) {
+      vertexNormals(mesh.sharedVertexNormals(true)),
+      faceNormals(mesh.sharedFaceNormals()) {
     coords.push_back(0.0f);
     scene.reset(rtcNewScene(sharedDevice()));
     throwOnDeviceError("creating a scene");
@@ -223,8 +224,8 @@ void RayAccelerator::Impl::attachTriangles(bool refittable) {
 void RayAccelerator::Impl::refit(const MeshTopology& mesh) {
     std::copy(mesh.rawPoints(), mesh.rawPoints() + 3 * static_cast<std::size_t>(mesh.numVertices()),
               coords.begin());
-    vertexNormals = mesh.vertexNormals(true);
-    faceNormals = mesh.faceNormals();
+    vertexNormals = mesh.sharedVertexNormals(true);
+    faceNormals = mesh.sharedFaceNormals();
     if (fan.numTriangles() == 0) return;
     RTCGeometry geometry = rtcGetGeometry(scene.get(), 0);
     rtcUpdateGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0);
@@ -284,9 +285,10 @@ SurfacePoint RayAccelerator::Impl::surfacePoint(unsigned triangle, const Triangl
     result.triangleId = fan.owners[triangle].indexInFace;
     result.bary1 = on.bary1;
     result.bary2 = on.bary2;
-    result.faceNormal = faceNormals[result.faceId];
-    const Vec3 blended = normalized(vertexNormals[ids[0]] * on.bary1 + vertexNormals[ids[1]] * on.bary2 +
-                                    vertexNormals[ids[2]] * (1.0 - on.bary1 - on.bary2));
+    result.faceNormal = (*faceNormals)[result.faceId];
+    const std::vector<Vec3>& normals = *vertexNormals;
+    const Vec3 blended = normalized(normals[ids[0]] * on.bary1 + normals[ids[1]] * on.bary2 +
+                                    normals[ids[2]] * (1.0 - on.bary1 - on.bary2));
     result.normal = lengthSquared(blended) > 0 ? blended : result.faceNormal;
     return result;
 }
