@@ -5,6 +5,7 @@
 #include <maya/MFnGeometryData.h>
 #include <maya/MGlobal.h>
 #include <maya/MMatrix.h>
+#include <maya/MNodeMessage.h>
 #include <maya/MPlug.h>
 
 #include "graph/Node.h"
@@ -174,6 +175,23 @@ TEST_F(MeshApiHistory, EditsInPlaceReachConsumersAndSpareCopiesHeldElsewhere) {
     EXPECT_TRUE(pointOf(plugOf(src, "worldMesh").elementByLogicalIndex(0).asMObject(), 6)
                     .isEquivalent(MPoint(0, 5, 1)))
         << "worldMesh data holds object-space points under its matrix";
+}
+
+void countInMeshSets(MNodeMessage::AttributeMessage, MPlug& plug, MPlug&, void* count) {
+    if (plug.partialName() == "i") ++*static_cast<int*>(count);
+}
+
+TEST_F(MeshApiHistory, EveryEditTellsInMeshListenersWhetherInPlaceOrCopied) {
+    int sets = 0;
+    MObject shape = src.node();
+    const MCallbackId id = MNodeMessage::addAttributeChangedCallback(shape, countInMeshSets, &sets);
+    ASSERT_TRUE(MFnMesh(src).setPoint(1, MPoint(2, 0, 0)));
+    EXPECT_EQ(1, sets) << "nothing else holds the mesh: changed in place";
+    const MObject held = plugOf(src, "outMesh").asMObject();
+    ASSERT_TRUE(MFnMesh(src).setPoint(1, MPoint(3, 0, 0)));
+    EXPECT_EQ(2, sets) << "a copy is held: copied first";
+    EXPECT_TRUE(pointOf(held, 1).isEquivalent(MPoint(2, 0, 0)));
+    MMessage::removeCallback(id);
 }
 
 TEST_F(MeshApiHistory, DeletingHistoryOrDisconnectingKeepsTheLastMesh) {

@@ -1,6 +1,7 @@
 #include "meshnode/ShapeGeometry.h"
 
 #include "graph/Scene.h"
+#include "messages/Notifications.h"
 #include "meshnode/MeshShapeNode.h"
 #include "meshnode/VertexTweaks.h"
 
@@ -59,19 +60,27 @@ bool onlyTheShapeHolds(const NodePtr& shape, const MeshData& own) {
     return own.meshShareCount() == holders;
 }
 
+// The shape's outputs already show the mesh being changed: only what reads them needs telling, and
+// whoever listens to inMesh, as a new inMesh value would tell them.
+void editInPlace(const NodePtr& shape, MeshData& own, const std::function<void(MeshTopology&)>& edit) {
+    const auto tell = [&shape] {
+        dirtyConsumers(shape);
+        notifyPlugSet(plugOf(shape, meshShapeAttributes().inMesh));
+    };
+    try {
+        edit(own.editSharedMesh());
+    } catch (...) {
+        tell();
+        throw;
+    }
+    tell();
+}
+
 void editOwnMesh(const NodePtr& shape, const std::function<void(MeshTopology&)>& edit) {
     const MeshShapeAttributes& a = meshShapeAttributes();
     const MeshDataPtr own = storedMesh(shape, a.inMesh);
     const VertexTweaks tweaks = VertexTweaks::read(shape, *a.pnts);
-    if (tweaks.empty() && onlyTheShapeHolds(shape, *own)) {
-        try {
-            edit(own->editSharedMesh());
-        } catch (...) {
-            dirtyConsumers(shape);
-            throw;
-        }
-        return dirtyConsumers(shape);
-    }
+    if (tweaks.empty() && onlyTheShapeHolds(shape, *own)) return editInPlace(shape, *own, edit);
     if (tweaks.empty()) {
         releaseComputedShares(shape, *own);
         try {
