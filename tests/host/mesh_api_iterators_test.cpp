@@ -225,6 +225,16 @@ TEST_F(MeshApiIterators, SingleIndexedComponentsKeepOrderAndRefuseBadInput) {
     MObject same = other.create(MFn::kMeshEdgeComponent);
     for (int id : {9, 5, 2}) other.addElement(id);
     EXPECT_TRUE(MFnComponent(component).isEqual(same));
+
+    // Long components drop repeats as short ones do, before and after they grow past a few dozen.
+    MFnSingleIndexedComponent many;
+    many.create(MFn::kMeshVertComponent);
+    for (int round = 0; round < 2; ++round)
+        for (int id = 0; id < 40; ++id) many.addElement(id * 7 % 40);
+    EXPECT_EQ(40, many.elementCount());
+    EXPECT_EQ(7, many.element(1)) << "the first round's order is kept";
+    ASSERT_TRUE(many.addElement(40));
+    EXPECT_EQ(41, many.elementCount());
 }
 
 TEST_F(MeshApiIterators, GeometryIteratorReadsAndWritesTheVerticesAComponentNames) {

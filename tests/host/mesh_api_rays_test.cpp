@@ -178,7 +178,6 @@ TEST_F(MeshApiRays, TheAcceleratorIsBuiltOncePerMeshAndAgainAfterAChange) {
     EXPECT_NE(first, mhost::shapeGeometry(cube.hostNodes().back())->sharedAccelerator());
 }
 
-
 TEST_F(MeshApiRays, OneFunctionSetFollowsMovesEditsAndANewObject) {
     ASSERT_TRUE(runCommand("createNode transform -n rig"));
     MDagModifier reparent;

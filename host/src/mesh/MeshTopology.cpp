@@ -283,16 +283,20 @@ std::shared_ptr<const SplitCornerNormals> MeshTopology::splitCornersKeptByMoves(
 }
 
 void MeshTopology::pointsChanged() {
-    derived_ = Derived{std::move(derived_.adjacency), nullptr, {}, splitCornersKeptByMoves(), std::nullopt, nullptr,
-                       {}};
+    derived_ = Derived{
+        std::move(derived_.adjacency), nullptr, {}, splitCornersKeptByMoves(), std::nullopt, nullptr, {}};
     version_ = nextVersion();
 }
 
 // Past a quarter of the vertices, one whole pass costs less than the updates would.
 void MeshTopology::pointMoved(int vertex) {
-    Derived kept{std::move(derived_.adjacency), std::move(derived_.faceNormals),
+    Derived kept{std::move(derived_.adjacency),
+                 std::move(derived_.faceNormals),
                  {std::move(derived_.vertexNormals[0]), std::move(derived_.vertexNormals[1])},
-                 splitCornersKeptByMoves(), std::nullopt, nullptr, std::move(derived_.movedVertices)};
+                 splitCornersKeptByMoves(),
+                 std::nullopt,
+                 nullptr,
+                 std::move(derived_.movedVertices)};
     if (kept.faceNormals && 4 * (kept.movedVertices.size() + 1) <= static_cast<std::size_t>(numVertices())) {
         kept.movedVertices.push_back(vertex);
     } else {

@@ -18,7 +18,8 @@ public:
         for (int i = 0; i < faces.size(); ++i) {
             const IndexRange corners = mesh.faceVertices(faces[i]);
             const int n = corners.size();
-            const int k = static_cast<int>(std::find(corners.begin(), corners.end(), vertex) - corners.begin());
+            const int k =
+                static_cast<int>(std::find(corners.begin(), corners.end(), vertex) - corners.begin());
             neighbours_.emplace_back(corners[(k + n - 1) % n], i);
             neighbours_.emplace_back(corners[(k + 1) % n], i);
         }

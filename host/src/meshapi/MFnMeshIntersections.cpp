@@ -62,7 +62,7 @@ std::pair<mhost::SurfacePoint, MeshSpace> closestOn(const MFnMesh& fn, const MPo
     const MeshRef& mesh = mhost::attachedMesh(fn);
     const MeshSpace& frame = mhost::attachedSpace(fn, space);
     const auto found = mesh.data()->accelerator().closestPoint(frame.pointIn(toThisPoint),
-                                                                std::numeric_limits<double>::infinity());
+                                                               std::numeric_limits<double>::infinity());
     if (!found) throw mhost::StatusError(MS::kFailure, "MFnMesh: the mesh has no polygons to be near");
     return {*found, frame};
 }

@@ -1,8 +1,8 @@
 #pragma once
 // What a mesh function set or iterator works on: a mesh shape (a DAG node has one path, so the shape
-// alone places it) or a mesh data object. Reads see the mesh as it is now. A shape's data object is looked up again only
-// when the shape's output has changed, so a step of an iterator over a big mesh costs a map lookup,
-// not an evaluation.
+// alone places it) or a mesh data object. Reads see the mesh as it is now. A shape's data object is looked up
+// again only when the shape's output has changed, so a step of an iterator over a big mesh costs a map
+// lookup, not an evaluation.
 
 #include <maya/MDagPath.h>
 #include <maya/MMatrix.h>

@@ -9,9 +9,7 @@
 namespace mhost {
 
 MeshWalk::MeshWalk(MeshRef mesh, MFn::Type kind, std::optional<std::vector<int>> elements)
-    : mesh_(std::move(mesh)),
-      kind_(kind),
-      elements_(std::move(elements)) {
+    : mesh_(std::move(mesh)), kind_(kind), elements_(std::move(elements)) {
     mesh_.data();
 }
 

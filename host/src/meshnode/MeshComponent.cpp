@@ -64,9 +64,21 @@ MeshComponent::MeshComponent(MFn::Type type) : type_(type) {
         throw HostError(std::string("MeshComponent: ") + typeName(type) + " is no mesh component");
 }
 
+// A brush builds a component of a vertex's few neighbours for every vertex it moves: scanning a
+// short list beats hashing into a set made for it.
+bool MeshComponent::contains(int element) const {
+    constexpr std::size_t kScanned = 16;
+    if (elements_.size() <= kScanned)
+        return std::find(elements_.begin(), elements_.end(), element) != elements_.end();
+    if (present_.empty()) present_.insert(elements_.begin(), elements_.end());
+    return present_.count(element) > 0;
+}
+
 void MeshComponent::add(int element) {
     if (element < 0) throw HostError("MeshComponent: negative element " + std::to_string(element));
-    if (present_.insert(element).second) elements_.push_back(element);
+    if (contains(element)) return;
+    elements_.push_back(element);
+    if (!present_.empty()) present_.insert(element);
 }
 
 std::string MeshComponent::selectionSuffix() const {

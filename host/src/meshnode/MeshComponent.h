@@ -31,9 +31,12 @@ public:
     const std::vector<int>& elements() const { return elements_; }
 
 private:
+    bool contains(int element) const;
+
     MFn::Type type_;
     std::vector<int> elements_;
-    std::unordered_set<int> present_;
+    // The elements again, for look-ups once there are too many to scan; empty until then.
+    mutable std::unordered_set<int> present_;
 };
 
 using MeshComponentPtr = std::shared_ptr<MeshComponent>;

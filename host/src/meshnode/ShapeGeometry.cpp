@@ -1,9 +1,9 @@
 #include "meshnode/ShapeGeometry.h"
 
 #include "graph/Scene.h"
-#include "messages/Notifications.h"
 #include "meshnode/MeshShapeNode.h"
 #include "meshnode/VertexTweaks.h"
+#include "messages/Notifications.h"
 
 namespace mhost {
 namespace {
