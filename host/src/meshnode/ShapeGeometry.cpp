@@ -1,5 +1,8 @@
 #include "meshnode/ShapeGeometry.h"
 
+#include <algorithm>
+#include <array>
+
 #include "graph/Scene.h"
 #include "meshnode/MeshShapeNode.h"
 #include "meshnode/VertexTweaks.h"
@@ -51,13 +54,18 @@ void releaseComputedShares(const NodePtr& shape, const MeshData& own) {
 // Whether the shape's own values are all that hold its own mesh. Without tweaks they all show that
 // mesh as it is, so an edit made to it in place leaves them right: nothing of the shape needs to be
 // computed again, which matters to a brush that moves thousands of vertices one at a time.
+// Each data object counts once, however many of the shape's plugs hold it; a shape has only a few.
 bool onlyTheShapeHolds(const NodePtr& shape, const MeshData& own) {
-    long holders = 0;
+    std::array<const MeshData*, 8> holders{};
+    std::size_t count = 0;
     for (const auto& entry : shape->values) {
         const auto* data = dynamic_cast<const MeshData*>(entry.second.data.hostObject().get());
-        if (data && data->sharesMeshWith(own)) ++holders;
+        if (!data || !data->sharesMeshWith(own)) continue;
+        if (std::find(holders.begin(), holders.begin() + count, data) != holders.begin() + count) continue;
+        if (count == holders.size()) return false;
+        holders[count++] = data;
     }
-    return own.meshShareCount() == holders;
+    return own.meshShareCount() == static_cast<long>(count);
 }
 
 // The shape's outputs already show the mesh being changed: only what reads them needs telling, and
