@@ -326,6 +326,12 @@ void RayAccelerator::refit(const MeshTopology& mesh) {
 int RayAccelerator::numTriangles() const { return impl_->fan.numTriangles(); }
 
 std::vector<RayHit> RayAccelerator::allIntersections(const RayQuery& query) const {
+    std::vector<RayHit> hits;
+    allIntersections(query, hits);
+    return hits;
+}
+
+void RayAccelerator::allIntersections(const RayQuery& query, std::vector<RayHit>& hits) const {
     requireUsableRay(query);
     const HitFilter filter(query);
     // Every call needs a list of raw hits; keeping one per thread spares a drag event of hundreds of
@@ -334,7 +340,7 @@ std::vector<RayHit> RayAccelerator::allIntersections(const RayQuery& query) cons
     raw.clear();
     impl_->trace(query, query.direction, filter, false, raw);
     if (query.bothDirections) impl_->trace(query, -query.direction, filter, true, raw);
-    std::vector<RayHit> hits;
+    hits.clear();
     hits.reserve(raw.size());
     for (const RawHit& r : raw) {
         const RayHit hit = impl_->toRayHit(query, r);
@@ -346,7 +352,6 @@ std::vector<RayHit> RayAccelerator::allIntersections(const RayQuery& query) cons
             return std::tie(x.param, x.faceId, x.triangleId) < std::tie(y.param, y.faceId, y.triangleId);
         });
     }
-    return hits;
 }
 
 std::optional<RayHit> RayAccelerator::closestIntersection(const RayQuery& query) const {

@@ -81,6 +81,8 @@ public:
     // Every hit along the ray within maxParam, one per polygon and position. Throws HostError on a
     // non-finite ray, a zero direction or a negative maxParam. Cost: O(log triangles + hits).
     std::vector<RayHit> allIntersections(const RayQuery& query) const;
+    // The same into `hits` (emptied first), for a caller that reuses one list over many rays.
+    void allIntersections(const RayQuery& query, std::vector<RayHit>& hits) const;
     // The hit nearest to the origin (smallest |param| when both directions count); sortHits and
     // tolerance play no part.
     std::optional<RayHit> closestIntersection(const RayQuery& query) const;

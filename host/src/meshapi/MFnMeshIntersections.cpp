@@ -121,7 +121,9 @@ bool MFnMesh::allIntersections(const MFloatPoint& raySource, const MFloatVector&
         RayQuery query =
             queryOf(frame, raySource, rayDirection, faceIds, triIds, maxParam, testBothDirections, tolerance);
         query.sortHits = sortHits;
-        const std::vector<RayHit> hits = mesh.data()->accelerator().allIntersections(query);
+        // One list per thread: a drag event casts hundreds of rays, each answered at once.
+        thread_local std::vector<RayHit> hits;
+        mesh.data()->accelerator().allIntersections(query, hits);
         hitPoints.setLength(static_cast<unsigned int>(hits.size()));
         for (std::size_t i = 0; i < hits.size(); ++i)
             hitPoints[i] = MFloatPoint(frame.pointOut(hits[i].point));
