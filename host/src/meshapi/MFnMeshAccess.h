@@ -21,7 +21,7 @@ struct FunctionSetAccess {
 // call and kept while the set stays attached to the same nodes.
 const MeshRef& attachedMesh(const MFnMesh& fn);
 // The frame of `space` for the set's mesh; throws as attachedMesh does.
-const MeshSpace& attachedSpace(const MFnMesh& fn, MSpace::Space space);
+MeshSpace attachedSpace(const MFnMesh& fn, MSpace::Space space);
 // The UV set a call names: `uvSet`, or the mesh's current set when it is null.
 std::string uvSetName(const MeshTopology& mesh, const MString* uvSet);
 

@@ -18,18 +18,7 @@ const MeshRef& MeshAttachment::mesh(const MObject& object, const MDagPath& path)
     object_ = object.hostObject().get();
     pathNodes_.clear();
     for (const NodePtr& node : path.hostNodes()) pathNodes_.push_back(node.get());
-    world_.reset();
     return mesh_;
-}
-
-const MeshSpace& MeshAttachment::space(MSpace::Space space) {
-    if (!MeshSpace::isWorldSpace(space)) return MeshSpace::objectSpace();
-    if (!world_ || !mesh_.isShape() || worldTransformEdits_ != transformEditCount()) {
-        world_.emplace(space, mesh_.worldMatrix());
-        // Taken after the matrix: working it out may clean the transforms' dirty flags, which counts.
-        worldTransformEdits_ = transformEditCount();
-    }
-    return *world_;
 }
 
 }  // namespace mhost
