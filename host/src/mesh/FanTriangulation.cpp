@@ -1,5 +1,7 @@
 #include "mesh/FanTriangulation.h"
 
+#include "core/LargeArrays.h"
+
 namespace mhost {
 
 std::array<int, 3> FanTriangulation::corners(int triangle) const {
@@ -9,13 +11,13 @@ std::array<int, 3> FanTriangulation::corners(int triangle) const {
 
 FanTriangulation fanTriangulate(const CompressedRows& faces) {
     FanTriangulation fan;
-    fan.faceFirstTriangle.reserve(faces.numRows() + 1);
+    reserveLarge(fan.faceFirstTriangle, faces.numRows() + 1);
     fan.faceFirstTriangle.push_back(0);
     for (int f = 0; f < faces.numRows(); ++f) {
         fan.faceFirstTriangle.push_back(fan.faceFirstTriangle.back() + faces.row(f).size() - 2);
     }
-    fan.owners.reserve(fan.faceFirstTriangle.back());
-    fan.vertexIds.reserve(3 * static_cast<std::size_t>(fan.faceFirstTriangle.back()));
+    reserveLarge(fan.owners, fan.faceFirstTriangle.back());
+    reserveLarge(fan.vertexIds, 3 * static_cast<std::size_t>(fan.faceFirstTriangle.back()));
     for (int f = 0; f < faces.numRows(); ++f) {
         const IndexRange corners = faces.row(f);
         for (int k = 0; k + 2 < corners.size(); ++k) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "core/LargeArrays.h"
+
 namespace mhost {
 
 // A contiguous run of ids inside a table owned elsewhere; valid until that table changes.
@@ -48,11 +50,11 @@ struct CompressedRows {
 template <class Enumerate>
 CompressedRows groupByRow(int numRows, const Enumerate& enumerate) {
     CompressedRows rows;
-    rows.offsets.assign(static_cast<std::size_t>(numRows) + 1, 0);
+    rows.offsets = largeArray<int>(static_cast<std::size_t>(numRows) + 1);
     enumerate([&](int row, int) { ++rows.offsets[row + 1]; });
     for (int r = 0; r < numRows; ++r) rows.offsets[r + 1] += rows.offsets[r];
-    rows.items.resize(rows.offsets.back());
-    std::vector<int> next(rows.offsets.begin(), rows.offsets.end() - 1);
+    rows.items = largeArray<int>(rows.offsets.back());
+    std::vector<int> next = largeCopy(rows.offsets);
     enumerate([&](int row, int item) { rows.items[next[row]++] = item; });
     return rows;
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "core/LargeArrays.h"
 #include "mesh/MeshTopology.h"
 #include "mesh/VertexFans.h"
 
@@ -93,7 +94,7 @@ Vec3 newellNormal(const float* coords, IndexRange corners) {
 }
 
 std::vector<Vec3> computeFaceNormals(const MeshTopology& mesh) {
-    std::vector<Vec3> normals(mesh.numFaces());
+    std::vector<Vec3> normals = largeArray<Vec3>(mesh.numFaces());
     for (int f = 0; f < mesh.numFaces(); ++f)
         normals[f] = newellNormal(mesh.rawPoints(), mesh.faceVertices(f));
     return normals;
@@ -101,7 +102,7 @@ std::vector<Vec3> computeFaceNormals(const MeshTopology& mesh) {
 
 std::vector<Vec3> computeVertexNormals(const MeshTopology& mesh, bool angleWeighted) {
     const std::vector<Vec3>& faceNormals = mesh.faceNormals();
-    std::vector<Vec3> sums(mesh.numVertices());
+    std::vector<Vec3> sums = largeArray<Vec3>(mesh.numVertices());
     forEachCorner(mesh, [&](int face, int, int vertex, double angle) {
         sums[vertex] += faceNormals[face] * (angleWeighted ? angle : 1.0);
     });

@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "core/ApiObject.h"
+#include "core/LargeArrays.h"
 #include "mesh/MeshNormals.h"
 #include "mesh/PointMergeGrid.h"
 
@@ -28,7 +29,7 @@ void requireFinite(const std::vector<Vec3f>& points) {
 
 CompressedRows validatedFaces(int numVertices, const std::vector<int>& counts, std::vector<int> connects) {
     CompressedRows faces;
-    faces.offsets.reserve(counts.size() + 1);
+    reserveLarge(faces.offsets, counts.size() + 1);
     for (std::size_t f = 0; f < counts.size(); ++f) {
         if (counts[f] < 3)
             fail("polygon " + std::to_string(f) + " has " + std::to_string(counts[f]) +
@@ -68,7 +69,7 @@ MeshTopology::MeshTopology(std::vector<Vec3f> points, const std::vector<int>& po
     : version_(nextVersion()), facesVersion_(version_) {
     requireFinite(points);
     faces_ = validatedFaces(static_cast<int>(points.size()), polygonCounts, std::move(polygonConnects));
-    coords_.reserve(points.size() * 3);
+    reserveLarge(coords_, points.size() * 3);
     for (const Vec3f& p : points) coords_.insert(coords_.end(), {p.x, p.y, p.z});
     uvSets_ = UvSets(numFaceVertices());
 }

@@ -11,6 +11,7 @@
 #include <tuple>
 
 #include "core/ApiObject.h"
+#include "core/LargeArrays.h"
 #include "mesh/FanTriangulation.h"
 #include "mesh/MeshTopology.h"
 #include "mesh/TriangleGeometry.h"
@@ -189,7 +190,7 @@ void rejectFilteredHit(const RTCFilterFunctionNArguments* args) {
 std::vector<float> paddedCoords(const MeshTopology& mesh) {
     const float* points = mesh.rawPoints();
     std::vector<float> coords;
-    coords.reserve(3 * static_cast<std::size_t>(mesh.numVertices()) + 1);
+    reserveLarge(coords, 3 * static_cast<std::size_t>(mesh.numVertices()) + 1);
     coords.assign(points, points + 3 * static_cast<std::size_t>(mesh.numVertices()));
     coords.push_back(0.0f);
     return coords;

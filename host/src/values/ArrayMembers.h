@@ -9,6 +9,7 @@
 #include <ostream>
 #include <vector>
 
+#include "core/LargeArrays.h"
 #include "core/VectorOps.h"
 #include "values/XyzMath.h"
 
@@ -26,7 +27,9 @@ MStatus setExisting(std::vector<T>& items, const T& element, unsigned int index)
 // vector); a null src gives an empty array.
 template <class T, class Source>
 std::vector<T> elementsFrom(const Source* src, unsigned int count) {
-    return src ? std::vector<T>(src, src + count) : std::vector<T>();
+    std::vector<T> items;
+    if (src) assignLarge(items, src, src + count);
+    return items;
 }
 
 // Copies every element to dest, converted to dest's scalar type; kFailure for a null dest.
@@ -60,12 +63,16 @@ std::ostream& printElements(std::ostream& os, const std::vector<T>& items) {
 // points and vectors). Expand it once, followed by a semicolon.
 #define MHOST_DEFINE_ARRAY_MEMBERS(Array, Element, ElementIn)                                             \
     Array::Array() = default;                                                                             \
-    Array::Array(const Array&) = default;                                                                 \
+    Array::Array(const Array& other) : fItems(mhost::largeCopy(other.fItems)) {}                          \
     Array::Array(const Element src[], unsigned int count)                                                 \
         : fItems(mhost::elementsFrom<Element>(src, count)) {}                                             \
-    Array::Array(unsigned int initialSize, ElementIn initialValue) : fItems(initialSize, initialValue) {} \
+    Array::Array(unsigned int initialSize, ElementIn initialValue)                                        \
+        : fItems(mhost::largeArray<Element>(initialSize, initialValue)) {}                                \
     Array::~Array() = default;                                                                            \
-    Array& Array::operator=(const Array&) = default;                                                      \
+    Array& Array::operator=(const Array& other) {                                                         \
+        if (this != &other) mhost::assignLarge(fItems, other.fItems.begin(), other.fItems.end());         \
+        return *this;                                                                                     \
+    }                                                                                                     \
     ElementIn Array::operator[](unsigned int index) const {                                               \
         return mhost::checkedAt(fItems, index, #Array);                                                   \
     }                                                                                                     \
@@ -74,6 +81,7 @@ std::ostream& printElements(std::ostream& os, const std::vector<T>& items) {
         return mhost::setExisting(fItems, element, index);                                                \
     }                                                                                                     \
     MStatus Array::setLength(unsigned int length) {                                                       \
+        mhost::reserveLarge(fItems, length);                                                              \
         fItems.resize(length);                                                                            \
         return MS::kSuccess;                                                                              \
     }                                                                                                     \
@@ -87,7 +95,7 @@ std::ostream& printElements(std::ostream& os, const std::vector<T>& items) {
         return MS::kSuccess;                                                                              \
     }                                                                                                     \
     MStatus Array::copy(const Array& source) {                                                            \
-        fItems = source.fItems;                                                                           \
+        if (this != &source) mhost::assignLarge(fItems, source.fItems.begin(), source.fItems.end());      \
         return MS::kSuccess;                                                                              \
     }                                                                                                     \
     MStatus Array::clear() {                                                                              \
