@@ -39,6 +39,8 @@ const MeshDataPtr& MeshRef::data() const {
         return data_;
     }
     if (!shape_->alive) fail("the shape '" + shape_->name + "' has been deleted");
+    // Nothing stored in the shape or flagged dirty since the last look: the mesh is the one found then.
+    if (data_ && resolvedAtEdit_ == shape_->valueEdits) return data_;
     const PlugKey output{meshShapeAttributes().outMesh.get(), -1};
     const auto stored = shape_->values.find(output);
     if (stored == shape_->values.end() || shape_->isDirty(output)) {
@@ -48,6 +50,8 @@ const MeshDataPtr& MeshRef::data() const {
         MeshDataPtr held = meshDataOf(stored->second.data);
         data_ = held ? std::move(held) : shapeGeometry(shape_);
     }
+    // Taken last: evaluating the output stores it and cleans flags, which counts as edits.
+    resolvedAtEdit_ = shape_->valueEdits;
     return data_;
 }
 

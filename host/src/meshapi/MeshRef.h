@@ -1,12 +1,13 @@
 #pragma once
 // What a mesh function set or iterator works on: a mesh shape (a DAG node has one path, so the shape
 // alone places it) or a mesh data object. Reads see the mesh as it is now. A shape's data object is looked up
-// again only when the shape's output has changed, so a step of an iterator over a big mesh costs a map
-// lookup, not an evaluation.
+// again only when something was stored in the shape or flagged dirty there since the last look, so a
+// step of an iterator over a big mesh costs a comparison, not a lookup or an evaluation.
 
 #include <maya/MDagPath.h>
 #include <maya/MMatrix.h>
 
+#include <cstdint>
 #include <functional>
 
 #include "graph/Node.h"
@@ -46,6 +47,8 @@ public:
 private:
     NodePtr shape_;
     mutable MeshDataPtr data_;
+    // The shape's count of value edits when data_ was looked up.
+    mutable std::uint64_t resolvedAtEdit_ = 0;
 };
 
 }  // namespace mhost

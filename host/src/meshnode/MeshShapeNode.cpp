@@ -19,6 +19,7 @@ void storeMesh(Node& node, const Attribute& attribute, int index, const MeshData
     PlugValue value;
     value.data = wrapData(data);
     node.values[{&attribute, index}] = value;
+    noteValuesEdited(node);
 }
 
 MeshDataPtr copyOf(const PlugValue& value) {

@@ -21,6 +21,7 @@ MeshDataPtr storedMesh(const NodePtr& shape, const AttributePtr& attribute) {
     if (!data) {
         data = std::make_shared<MeshData>();
         value.data = wrapData(data);
+        noteValuesEdited(*shape);
     }
     return data;
 }
