@@ -12,6 +12,7 @@
 #include <maya/MStringArray.h>
 #include <maya/MVectorArray.h>
 
+#include "mesh/ProceduralMeshes.h"
 #include "support/MeshScene.h"
 #include "support/TestPlugin.h"
 
@@ -97,6 +98,27 @@ TEST_F(MeshApiIterators, VertexPositionsAndNormalsInWorldSpace) {
     ASSERT_TRUE(it.getNormals(cornerNormals));
     EXPECT_EQ(4u, cornerNormals.length());
     EXPECT_EQ(MS::kInvalidParameter, it.getNormal(normal, 8).statusCode()) << "grid has faces 0..3";
+}
+
+// A world matrix equal to the identity answers as object space does, bit for bit: normals are not
+// normalised twice. Any other matrix is applied.
+TEST_F(MeshApiIterators, WorldNormalsUnderTheIdentityAreTheObjectNormalsExactly) {
+    const MDagPath sphere = addMesh(mhost::makeUvSphere(1.0, 24, 16), "sphere");
+    const auto cornerNormals = [&](MSpace::Space space) {
+        std::vector<MVector> all;
+        MVectorArray normals;
+        for (MItMeshPolygon it(sphere); !it.isDone(); it.next()) {
+            EXPECT_TRUE(it.getNormals(normals, space));
+            for (unsigned i = 0; i < normals.length(); ++i) all.push_back(normals[i]);
+        }
+        return all;
+    };
+    const std::vector<MVector> object = cornerNormals(MSpace::kObject);
+    EXPECT_EQ(object, cornerNormals(MSpace::kWorld));
+    ASSERT_TRUE(runCommand("setAttr sphere.rotate 0 0 1.5707963267948966"));
+    const std::vector<MVector> turned = cornerNormals(MSpace::kWorld);
+    ASSERT_EQ(object.size(), turned.size());
+    EXPECT_TRUE(turned[5].isEquivalent(MVector(-object[5].y, object[5].x, object[5].z), 1e-9));
 }
 
 TEST_F(MeshApiIterators, EdgesReportEndsBoundaryFacesAndSmoothing) {

@@ -12,17 +12,11 @@ namespace {
 // kept from one vertex to the next.
 class FanJoins {
 public:
-    // A polygon uses a vertex once, so its edges at `vertex` lead to the corners on either side.
-    void collect(const MeshTopology& mesh, int vertex, IndexRange faces) {
+    // `sides` holds, for each polygon at the vertex, the corners before and after the vertex in it: the
+    // ends of its two edges there. A polygon uses a vertex once, so those are all its edges at it.
+    void collect(IndexRange sides) {
         neighbours_.clear();
-        for (int i = 0; i < faces.size(); ++i) {
-            const IndexRange corners = mesh.faceVertices(faces[i]);
-            const int n = corners.size();
-            const int k =
-                static_cast<int>(std::find(corners.begin(), corners.end(), vertex) - corners.begin());
-            neighbours_.emplace_back(corners[(k + n - 1) % n], i);
-            neighbours_.emplace_back(corners[(k + 1) % n], i);
-        }
+        for (int i = 0; i < sides.size(); ++i) neighbours_.emplace_back(sides[i], i / 2);
     }
 
     // Whether the fan's polygons form one group, joining those that reach the same neighbour.
@@ -57,15 +51,23 @@ private:
 bool everyVertexFanIsWhole(const MeshTopology& mesh) {
     if (mesh.hasHardEdges()) return false;
     const CompressedRows& faces = mesh.faces();
-    const CompressedRows fans = groupByRow(mesh.numVertices(), [&](const auto& emit) {
-        for (int f = 0; f < faces.numRows(); ++f)
-            for (int v : faces.row(f)) emit(v, f);
+    // Gathered in one pass over the polygons, so that the walk over the vertices below reads each
+    // vertex's fan from one place rather than from every polygon around it.
+    const CompressedRows sides = groupByRow(mesh.numVertices(), [&](const auto& emit) {
+        for (int f = 0; f < faces.numRows(); ++f) {
+            const IndexRange corners = faces.row(f);
+            const int n = corners.size();
+            for (int k = 0; k < n; ++k) {
+                emit(corners[k], corners[k == 0 ? n - 1 : k - 1]);
+                emit(corners[k], corners[k + 1 == n ? 0 : k + 1]);
+            }
+        }
     });
     FanJoins joins;
     for (int v = 0; v < mesh.numVertices(); ++v) {
-        const IndexRange fan = fans.row(v);
-        joins.collect(mesh, v, fan);
-        if (!joins.isConnected(fan.size())) return false;
+        const IndexRange fan = sides.row(v);
+        joins.collect(fan);
+        if (!joins.isConnected(fan.size() / 2)) return false;
     }
     return true;
 }

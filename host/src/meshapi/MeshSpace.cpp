@@ -37,8 +37,12 @@ const MMatrix& inverseOf(const MMatrix& matrix) {
 
 }  // namespace
 
-MeshSpace::MeshSpace(MSpace::Space space, const MMatrix& objectToWorld) : world_(isWorldSpace(space)) {
-    if (!world_) return;
+// World space through an identity matrix is object space, bit for bit: a normal is not normalised a
+// second time, which could move its last bit. Scans often sit under an identity transform, and the
+// tool reads every corner normal of one at activation.
+MeshSpace::MeshSpace(MSpace::Space space, const MMatrix& objectToWorld)
+    : transforms_(isWorldSpace(space) && !(objectToWorld == MMatrix::identity)) {
+    if (!transforms_) return;
     toWorld_ = objectToWorld;
     toObject_ = inverseOf(objectToWorld);
     normalToWorld_ = toObject_.transpose();
@@ -46,21 +50,21 @@ MeshSpace::MeshSpace(MSpace::Space space, const MMatrix& objectToWorld) : world_
 
 MPoint MeshSpace::pointOut(const Vec3& objectPoint) const {
     const MPoint p(objectPoint.x, objectPoint.y, objectPoint.z);
-    return world_ ? p * toWorld_ : p;
+    return transforms_ ? p * toWorld_ : p;
 }
 
 Vec3 MeshSpace::pointIn(const MPoint& point) const {
-    MPoint p = world_ ? point * toObject_ : point;
+    MPoint p = transforms_ ? point * toObject_ : point;
     return toVec3(p.cartesianize());
 }
 
 Vec3 MeshSpace::directionIn(const MVector& direction) const {
-    return toVec3(world_ ? direction * toObject_ : direction);
+    return toVec3(transforms_ ? direction * toObject_ : direction);
 }
 
 MVector MeshSpace::normalOut(const Vec3& objectNormal) const {
     const MVector n(objectNormal.x, objectNormal.y, objectNormal.z);
-    return world_ ? (n * normalToWorld_).normal() : n;
+    return transforms_ ? (n * normalToWorld_).normal() : n;
 }
 
 }  // namespace mhost

@@ -1,7 +1,7 @@
 #pragma once
 // Points, directions and normals between the API's spaces and the mesh kernel's object space. World
 // space goes through the mesh's object-to-world matrix; normals go through its inverse transpose and
-// come out unit length.
+// come out unit length. Under an identity matrix, world space is object space.
 
 #include <maya/MMatrix.h>
 #include <maya/MPoint.h>
@@ -22,7 +22,6 @@ public:
     // Object space, made once: every non-world space is the mesh's own.
     static const MeshSpace& objectSpace();
 
-    bool isWorld() const { return world_; }
     MPoint pointOut(const Vec3& objectPoint) const;
     Vec3 pointIn(const MPoint& point) const;
     // A direction (a ray's): transformed without translation and without normalising.
@@ -30,7 +29,9 @@ public:
     MVector normalOut(const Vec3& objectNormal) const;
 
 private:
-    bool world_;
+    // Whether points and normals go through the matrices: world space under a matrix other than the
+    // identity.
+    bool transforms_;
     MMatrix toWorld_, toObject_, normalToWorld_;
 };
 
