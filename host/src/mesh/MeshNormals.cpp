@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "core/LargeArrays.h"
+#include "core/ParallelParts.h"
 #include "mesh/MeshTopology.h"
 #include "mesh/VertexFans.h"
 
@@ -23,17 +24,6 @@ double cornerAngle(const float* coords, IndexRange corners, int k) {
     const Vec3 toPrevious = pointAt(coords, corners[(k + n - 1) % n]) - here;
     const Vec3 toNext = pointAt(coords, corners[(k + 1) % n]) - here;
     return std::atan2(length(cross(toPrevious, toNext)), dot(toPrevious, toNext));
-}
-
-// Calls visit(face, faceVertex, vertex, angle) for every corner, face by face.
-template <class Visit>
-void forEachCorner(const MeshTopology& mesh, const Visit& visit) {
-    const float* coords = mesh.rawPoints();
-    for (int f = 0; f < mesh.numFaces(); ++f) {
-        const IndexRange corners = mesh.faceVertices(f);
-        for (int k = 0; k < corners.size(); ++k)
-            visit(f, mesh.faces().offsets[f] + k, corners[k], cornerAngle(coords, corners, k));
-    }
 }
 
 int indexInPolygon(IndexRange corners, int vertex) {
@@ -95,18 +85,29 @@ Vec3 newellNormal(const float* coords, IndexRange corners) {
 
 std::vector<Vec3> computeFaceNormals(const MeshTopology& mesh) {
     std::vector<Vec3> normals = largeArray<Vec3>(mesh.numFaces());
-    for (int f = 0; f < mesh.numFaces(); ++f)
-        normals[f] = newellNormal(mesh.rawPoints(), mesh.faceVertices(f));
+    forEachPart(mesh.numFaces(), kParallelMinimum, [&](int first, int last) {
+        for (int f = first; f < last; ++f) normals[f] = newellNormal(mesh.rawPoints(), mesh.faceVertices(f));
+    });
     return normals;
 }
 
+// Each part of the vertices walks every polygon and sums only its own vertices, polygon by polygon as
+// a single thread would; the costly corner angles are worked out once, by the part that owns them.
 std::vector<Vec3> computeVertexNormals(const MeshTopology& mesh, bool angleWeighted) {
     const std::vector<Vec3>& faceNormals = mesh.faceNormals();
     std::vector<Vec3> sums = largeArray<Vec3>(mesh.numVertices());
-    forEachCorner(mesh, [&](int face, int, int vertex, double angle) {
-        sums[vertex] += faceNormals[face] * (angleWeighted ? angle : 1.0);
+    const float* coords = mesh.rawPoints();
+    forEachPart(mesh.numVertices(), kParallelMinimum, [&](int first, int last) {
+        for (int f = 0; f < mesh.numFaces(); ++f) {
+            const IndexRange corners = mesh.faceVertices(f);
+            for (int k = 0; k < corners.size(); ++k) {
+                const int vertex = corners[k];
+                if (vertex < first || vertex >= last) continue;
+                sums[vertex] += faceNormals[f] * (angleWeighted ? cornerAngle(coords, corners, k) : 1.0);
+            }
+        }
+        for (int v = first; v < last; ++v) sums[v] = normalized(sums[v]);
     });
-    for (Vec3& n : sums) n = normalized(n);
     return sums;
 }
 

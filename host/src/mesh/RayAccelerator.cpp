@@ -1,6 +1,7 @@
 #include "mesh/RayAccelerator.h"
 
 #include <embree3/rtcore.h>
+#include <oneapi/tbb/task_group.h>
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@
 
 #include "core/ApiObject.h"
 #include "core/LargeArrays.h"
+#include "core/ParallelParts.h"
 #include "mesh/FanTriangulation.h"
 #include "mesh/MeshTopology.h"
 #include "mesh/TriangleGeometry.h"
@@ -122,6 +124,7 @@ struct RayAccelerator::Impl {
 
     Impl(const MeshTopology& mesh, bool refittable);
     void attachTriangles(bool refittable);
+    void buildBesideNormals(const MeshTopology& mesh);
     void refit(const MeshTopology& mesh);
     std::array<Vec3, 3> corners(unsigned triangle) const;
     bool accepts(const HitFilter& filter, unsigned triangle) const {
@@ -199,10 +202,7 @@ std::vector<float> paddedCoords(const MeshTopology& mesh) {
 }  // namespace
 
 RayAccelerator::Impl::Impl(const MeshTopology& mesh, bool refittable)
-    : fan(fanTriangulate(mesh.faces())),
-      coords(paddedCoords(mesh)),
-      vertexNormals(mesh.sharedVertexNormals(true)),
-      faceNormals(mesh.sharedFaceNormals()) {
+    : fan(fanTriangulate(mesh.faces())), coords(paddedCoords(mesh)) {
     scene.reset(rtcNewScene(sharedDevice()));
     throwOnDeviceError("creating a scene");
     // Robust traversal keeps rays from slipping between triangles through a shared edge.
@@ -213,8 +213,30 @@ RayAccelerator::Impl::Impl(const MeshTopology& mesh, bool refittable)
     rtcSetSceneFlags(scene.get(), static_cast<RTCSceneFlags>(flags));
     if (refittable) rtcSetSceneBuildQuality(scene.get(), RTC_BUILD_QUALITY_LOW);
     if (fan.numTriangles() > 0) attachTriangles(refittable);
-    rtcCommitScene(scene.get());
+    buildBesideNormals(mesh);
     throwOnDeviceError("building the hierarchy");
+}
+
+// Embree's build leaves a core idle in its serial phases; the mesh's normals, which closest points
+// report, are worked out in them. Small meshes, built inside drag events, wake no other thread.
+void RayAccelerator::Impl::buildBesideNormals(const MeshTopology& mesh) {
+    const auto takeNormals = [&] {
+        vertexNormals = mesh.sharedVertexNormals(true);
+        faceNormals = mesh.sharedFaceNormals();
+    };
+    if (mesh.numFaces() < kParallelMinimum) {
+        takeNormals();
+        return rtcCommitScene(scene.get());
+    }
+    tbb::task_group normals;
+    normals.run(takeNormals);
+    try {
+        rtcCommitScene(scene.get());
+    } catch (...) {
+        normals.wait();
+        throw;
+    }
+    normals.wait();
 }
 
 // The geometry reads the vertex and index arrays in place, so they live as long as the scene.
