@@ -3,6 +3,7 @@
 
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
+#include <mhost/VectorArithmetic.h>
 
 #include <iosfwd>
 
@@ -85,6 +86,8 @@ public:
     float y;
     float z;
 };
+
+MHOST_INLINE_VECTOR_ARITHMETIC(MFloatVector, float);
 
 #include <maya/MFloatPoint.h>
 #include <maya/MPoint.h>

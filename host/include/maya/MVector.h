@@ -4,6 +4,7 @@
 
 #include <maya/MStatus.h>
 #include <maya/MTypes.h>
+#include <mhost/VectorArithmetic.h>
 
 #include <iosfwd>
 
@@ -97,6 +98,8 @@ public:
     double y;
     double z;
 };
+
+MHOST_INLINE_VECTOR_ARITHMETIC(MVector, double);
 
 // As with Maya's headers, one of the point and vector headers brings in the other three.
 #include <maya/MFloatPoint.h>

@@ -1,7 +1,8 @@
 #pragma once
 // The members MVector and MFloatVector share. Maya gives the two classes no common base, so their
 // definitions are stamped into each class's .cpp from this one macro; the arithmetic itself lives in
-// the templates of XyzMath.h, where a debugger can step through it.
+// the templates of XyzMath.h, where a debugger can step through it. The basic arithmetic is inline in
+// the public headers instead (mhost/VectorArithmetic.h), as in Maya's.
 
 #include <maya/MFloatPoint.h>
 #include <maya/MPoint.h>
@@ -13,29 +14,15 @@
 // Vector is the class being defined, OtherVector its counterpart of the other precision, Real its scalar.
 // Expand it once, followed by a semicolon.
 #define MHOST_DEFINE_VECTOR_MEMBERS(Vector, OtherVector, Real)                                              \
-    Vector::Vector() : x(0), y(0), z(0) {}                                                                  \
     Vector::Vector(const OtherVector& v) : Vector(mhost::xyz::convert<Vector>(v)) {}                        \
     Vector::Vector(const MPoint& p) : Vector(mhost::xyz::convert<Vector>(mhost::xyz::cartesian(p))) {}      \
     Vector::Vector(const MFloatPoint& p) : Vector(mhost::xyz::convert<Vector>(mhost::xyz::cartesian(p))) {} \
-    Vector::Vector(Real xx, Real yy, Real zz) : x(xx), y(yy), z(zz) {}                                      \
     Vector::Vector(const double d[3]) : x(Real(d[0])), y(Real(d[1])), z(Real(d[2])) {}                      \
     Vector::Vector(const float f[3]) : x(f[0]), y(f[1]), z(f[2]) {}                                         \
     Real Vector::operator()(unsigned int i) const { return mhost::xyz::vectorComponent(*this, i); }         \
     Real Vector::operator[](unsigned int i) const { return mhost::xyz::vectorComponent(*this, i); }         \
     Real& Vector::operator()(unsigned int i) { return mhost::xyz::vectorComponent(*this, i); }              \
     Real& Vector::operator[](unsigned int i) { return mhost::xyz::vectorComponent(*this, i); }              \
-    Vector Vector::operator^(const Vector& right) const { return mhost::xyz::cross(*this, right); }         \
-    Real Vector::operator*(const Vector& right) const { return mhost::xyz::dot(*this, right); }             \
-    Vector& Vector::operator/=(Real scalar) { return *this = *this / scalar; }                              \
-    Vector Vector::operator/(Real scalar) const { return Vector(x / scalar, y / scalar, z / scalar); }      \
-    Vector& Vector::operator*=(Real scalar) { return *this = *this * scalar; }                              \
-    Vector Vector::operator*(Real scalar) const { return mhost::xyz::scaled(*this, scalar); }               \
-    Vector operator*(Real scalar, const Vector& v) { return v * scalar; }                                   \
-    Vector Vector::operator+(const Vector& other) const { return mhost::xyz::sum(*this, other); }           \
-    Vector& Vector::operator+=(const Vector& other) { return *this = *this + other; }                       \
-    Vector Vector::operator-() const { return Vector(-x, -y, -z); }                                         \
-    Vector Vector::operator-(const Vector& other) const { return mhost::xyz::difference(*this, other); }    \
-    Vector& Vector::operator-=(const Vector& other) { return *this = *this - other; }                       \
     bool Vector::operator==(const Vector& other) const {                                                    \
         return x == other.x && y == other.y && z == other.z;                                                \
     }                                                                                                       \
@@ -64,6 +51,4 @@
     const Vector Vector::zAxis(0, 0, 1);                                                                    \
     const Vector Vector::xNegAxis(-1, 0, 0);                                                                \
     const Vector Vector::yNegAxis(0, -1, 0);                                                                \
-    const Vector Vector::zNegAxis(0, 0, -1);                                                                \
-    static_assert(sizeof(Vector) == 3 * sizeof(Real),                                                       \
-                  "callers may read a " #Vector " array as packed scalars")
+    const Vector Vector::zNegAxis(0, 0, -1)
