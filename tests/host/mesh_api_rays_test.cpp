@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
 
 #include "meshnode/ShapeGeometry.h"
 #include "support/MeshScene.h"
@@ -176,6 +177,30 @@ TEST_F(MeshApiRays, TheAcceleratorIsBuiltOncePerMeshAndAgainAfterAChange) {
     Hits moved = cast(MFloatPoint(0.2f, 0.1f, -5), MFloatVector(0, 0, 1), MSpace::kObject, false, 3);
     EXPECT_EQ(std::vector<int>{0}, toVector(moved.faces)) << "the moved corner is seen";
     EXPECT_NE(first, mhost::shapeGeometry(cube.hostNodes().back())->sharedAccelerator());
+}
+
+// A deleted mesh waits in the undo queue without its hierarchy; an intersector made before keeps its
+// own, and the mesh brought back by undo answers as before.
+TEST_F(MeshApiRays, ADeletedMeshLetsGoOfItsAcceleratorAndUndoBringsItsAnswersBack) {
+    const Hits before = cast(MFloatPoint(0.2f, 0.5f, -1), MFloatVector(0, 0, 1), MSpace::kObject, true);
+    auto intersector = std::make_unique<MMeshIntersector>();
+    MObject shape = cube.node();
+    ASSERT_TRUE(intersector->create(shape));
+    const std::weak_ptr<const mhost::RayAccelerator> built =
+        mhost::shapeGeometry(cube.hostNodes().back())->sharedAccelerator();
+    const auto shapeNode = cube.hostNodes().back();
+    ASSERT_TRUE(runCommand("delete cube"));
+    EXPECT_FALSE(built.expired()) << "the intersector still holds it";
+    MPointOnMesh onMesh;
+    EXPECT_TRUE(intersector->getClosestPoint(MPoint(0.5, 0.5, -2), onMesh));
+    intersector.reset();
+    EXPECT_TRUE(built.expired()) << "nothing in the deleted node holds it";
+
+    ASSERT_TRUE(mhost::driver::undo());
+    const Hits after = cast(MFloatPoint(0.2f, 0.5f, -1), MFloatVector(0, 0, 1), MSpace::kObject, true);
+    EXPECT_EQ(toVector(before.faces), toVector(after.faces));
+    EXPECT_EQ(before.params.length(), after.params.length());
+    EXPECT_EQ(shapeNode, cube.hostNodes().back());
 }
 
 TEST_F(MeshApiRays, OneFunctionSetFollowsMovesEditsAndANewObject) {

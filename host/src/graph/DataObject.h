@@ -23,6 +23,9 @@ class DataObject : public ApiObject {
 public:
     virtual MFnData::Type dataType() const = 0;
     virtual std::shared_ptr<DataObject> clone() const = 0;
+    // Lets go of what the object derives from its value and can build again (a mesh's ray hierarchy).
+    // Called when the node holding it leaves the scene: kept for undo, it is queried no more.
+    virtual void dropDerived() {}
 };
 
 using DataPtr = std::shared_ptr<DataObject>;

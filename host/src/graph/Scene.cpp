@@ -100,6 +100,10 @@ void Scene::deleteNode(const NodePtr& node) {
                            connections_.end());
         nodes_.erase(std::remove(nodes_.begin(), nodes_.end(), gone), nodes_.end());
         gone->alive = false;
+        // A deleted dense mesh would otherwise keep its ray hierarchy, often larger than the mesh,
+        // for as long as the undo queue keeps the node.
+        for (const auto& [key, value] : gone->values)
+            if (const DataPtr data = dataOf(value.data)) data->dropDerived();
     }
     notifyRemoval();
 }

@@ -24,6 +24,8 @@ public:
     bool hasFn(MFn::Type type) const override;
     MFnData::Type dataType() const override { return MFnData::kMesh; }
     DataPtr clone() const override { return std::make_shared<MeshData>(*this); }
+    // The accelerator goes; an intersector or a copy that shares it keeps its own hold on it.
+    void dropDerived() override { accelerators_.clear(); }
 
     const MeshTopology& mesh() const { return *mesh_; }
     // The mesh, to be changed in place; first copies it (O(mesh)) when another data object shares it.
