@@ -61,55 +61,55 @@ std::ostream& printElements(std::ostream& os, const std::vector<T>& items) {
 // Array is the class being defined, Element its element type, ElementIn the type its set, insert,
 // append and const operator[] take or return (the element itself for numbers, a const reference for
 // points and vectors). Expand it once, followed by a semicolon.
-#define MHOST_DEFINE_ARRAY_MEMBERS(Array, Element, ElementIn)                                             \
-    Array::Array() = default;                                                                             \
-    Array::Array(const Array& other) : fItems(mhost::largeCopy(other.fItems)) {}                          \
-    Array::Array(const Element src[], unsigned int count)                                                 \
-        : fItems(mhost::elementsFrom<Element>(src, count)) {}                                             \
-    Array::Array(unsigned int initialSize, ElementIn initialValue)                                        \
-        : fItems(mhost::largeArray<Element>(initialSize, initialValue)) {}                                \
-    Array::~Array() = default;                                                                            \
-    Array& Array::operator=(const Array& other) {                                                         \
-        if (this != &other) mhost::assignLarge(fItems, other.fItems.begin(), other.fItems.end());         \
-        return *this;                                                                                     \
-    }                                                                                                     \
-    ElementIn Array::operator[](unsigned int index) const {                                               \
-        return mhost::checkedAt(fItems, index, #Array);                                                   \
-    }                                                                                                     \
-    Element& Array::operator[](unsigned int index) { return mhost::checkedAt(fItems, index, #Array); }    \
-    MStatus Array::set(ElementIn element, unsigned int index) {                                           \
-        return mhost::setExisting(fItems, element, index);                                                \
-    }                                                                                                     \
-    MStatus Array::setLength(unsigned int length) {                                                       \
-        mhost::reserveLarge(fItems, length);                                                              \
-        fItems.resize(length);                                                                            \
-        return MS::kSuccess;                                                                              \
-    }                                                                                                     \
-    unsigned int Array::length() const { return static_cast<unsigned int>(fItems.size()); }               \
-    MStatus Array::remove(unsigned int index) { return mhost::removeAt(fItems, index); }                  \
-    MStatus Array::insert(ElementIn element, unsigned int index) {                                        \
-        return mhost::insertAt(fItems, element, index);                                                   \
-    }                                                                                                     \
-    MStatus Array::append(ElementIn element) {                                                            \
-        fItems.push_back(element);                                                                        \
-        return MS::kSuccess;                                                                              \
-    }                                                                                                     \
-    MStatus Array::copy(const Array& source) {                                                            \
-        if (this != &source) mhost::assignLarge(fItems, source.fItems.begin(), source.fItems.end());      \
-        return MS::kSuccess;                                                                              \
-    }                                                                                                     \
-    MStatus Array::clear() {                                                                              \
-        fItems.clear();                                                                                   \
-        return MS::kSuccess;                                                                              \
-    }                                                                                                     \
-    Array::Iterator Array::begin() { return Iterator(*this, 0); }                                         \
-    Array::Iterator Array::end() { return Iterator(*this, length()); }                                    \
-    Array::ConstIterator Array::begin() const { return ConstIterator(*this, 0); }                         \
-    Array::ConstIterator Array::end() const { return ConstIterator(*this, length()); }                    \
-    Array::ConstIterator Array::cbegin() const { return begin(); }                                        \
-    Array::ConstIterator Array::cend() const { return end(); }                                            \
-    std::ostream& operator<<(std::ostream& os, const Array& array) {                                      \
-        return mhost::printElements(os, array.fItems);                                                    \
+#define MHOST_DEFINE_ARRAY_MEMBERS(Array, Element, ElementIn)                                          \
+    Array::Array() = default;                                                                          \
+    Array::Array(const Array& other) : fItems(mhost::largeCopy(other.fItems)) {}                       \
+    Array::Array(const Element src[], unsigned int count)                                              \
+        : fItems(mhost::elementsFrom<Element>(src, count)) {}                                          \
+    Array::Array(unsigned int initialSize, ElementIn initialValue)                                     \
+        : fItems(mhost::largeArray<Element>(initialSize, initialValue)) {}                             \
+    Array::~Array() = default;                                                                         \
+    Array& Array::operator=(const Array& other) {                                                      \
+        if (this != &other) mhost::assignLarge(fItems, other.fItems.begin(), other.fItems.end());      \
+        return *this;                                                                                  \
+    }                                                                                                  \
+    ElementIn Array::operator[](unsigned int index) const {                                            \
+        return mhost::checkedAt(fItems, index, #Array);                                                \
+    }                                                                                                  \
+    Element& Array::operator[](unsigned int index) { return mhost::checkedAt(fItems, index, #Array); } \
+    MStatus Array::set(ElementIn element, unsigned int index) {                                        \
+        return mhost::setExisting(fItems, element, index);                                             \
+    }                                                                                                  \
+    MStatus Array::setLength(unsigned int length) {                                                    \
+        mhost::reserveLarge(fItems, length);                                                           \
+        fItems.resize(length);                                                                         \
+        return MS::kSuccess;                                                                           \
+    }                                                                                                  \
+    unsigned int Array::length() const { return static_cast<unsigned int>(fItems.size()); }            \
+    MStatus Array::remove(unsigned int index) { return mhost::removeAt(fItems, index); }               \
+    MStatus Array::insert(ElementIn element, unsigned int index) {                                     \
+        return mhost::insertAt(fItems, element, index);                                                \
+    }                                                                                                  \
+    MStatus Array::append(ElementIn element) {                                                         \
+        fItems.push_back(element);                                                                     \
+        return MS::kSuccess;                                                                           \
+    }                                                                                                  \
+    MStatus Array::copy(const Array& source) {                                                         \
+        if (this != &source) mhost::assignLarge(fItems, source.fItems.begin(), source.fItems.end());   \
+        return MS::kSuccess;                                                                           \
+    }                                                                                                  \
+    MStatus Array::clear() {                                                                           \
+        fItems.clear();                                                                                \
+        return MS::kSuccess;                                                                           \
+    }                                                                                                  \
+    Array::Iterator Array::begin() { return Iterator(*this, 0); }                                      \
+    Array::Iterator Array::end() { return Iterator(*this, length()); }                                 \
+    Array::ConstIterator Array::begin() const { return ConstIterator(*this, 0); }                      \
+    Array::ConstIterator Array::end() const { return ConstIterator(*this, length()); }                 \
+    Array::ConstIterator Array::cbegin() const { return begin(); }                                     \
+    Array::ConstIterator Array::cend() const { return end(); }                                         \
+    std::ostream& operator<<(std::ostream& os, const Array& array) {                                   \
+        return mhost::printElements(os, array.fItems);                                                 \
     }
 
 // The members the point and vector arrays add: construction from rows of N components and copying out
