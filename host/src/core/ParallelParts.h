@@ -16,10 +16,10 @@ namespace mhost {
 constexpr int kParallelMinimum = 100000;
 
 // Calls part(first, last) for contiguous ranges covering [0, count), in parallel when `count` is at
-// least `minimumToSplit`, on the calling thread alone otherwise.
+// least kParallelMinimum, on the calling thread alone otherwise.
 template <class Part>
-void forEachPart(int count, int minimumToSplit, const Part& part) {
-    const int parts = count < minimumToSplit ? 1 : tbb::this_task_arena::max_concurrency();
+void forEachPart(int count, const Part& part) {
+    const int parts = count < kParallelMinimum ? 1 : tbb::this_task_arena::max_concurrency();
     if (parts <= 1) return part(0, count);
     const auto boundary = [&](int p) { return static_cast<int>(std::int64_t(count) * p / parts); };
     tbb::parallel_for(0, parts, [&](int p) { part(boundary(p), boundary(p + 1)); });

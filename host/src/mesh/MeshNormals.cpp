@@ -85,8 +85,9 @@ Vec3 newellNormal(const float* coords, IndexRange corners) {
 
 std::vector<Vec3> computeFaceNormals(const MeshTopology& mesh) {
     std::vector<Vec3> normals = largeArray<Vec3>(mesh.numFaces());
-    forEachPart(mesh.numFaces(), kParallelMinimum, [&](int first, int last) {
-        for (int f = first; f < last; ++f) normals[f] = newellNormal(mesh.rawPoints(), mesh.faceVertices(f));
+    const float* coords = mesh.rawPoints();
+    forEachPart(mesh.numFaces(), [&](int first, int last) {
+        for (int f = first; f < last; ++f) normals[f] = newellNormal(coords, mesh.faceVertices(f));
     });
     return normals;
 }
@@ -97,7 +98,7 @@ std::vector<Vec3> computeVertexNormals(const MeshTopology& mesh, bool angleWeigh
     const std::vector<Vec3>& faceNormals = mesh.faceNormals();
     std::vector<Vec3> sums = largeArray<Vec3>(mesh.numVertices());
     const float* coords = mesh.rawPoints();
-    forEachPart(mesh.numVertices(), kParallelMinimum, [&](int first, int last) {
+    forEachPart(mesh.numVertices(), [&](int first, int last) {
         for (int f = 0; f < mesh.numFaces(); ++f) {
             const IndexRange corners = mesh.faceVertices(f);
             for (int k = 0; k < corners.size(); ++k) {

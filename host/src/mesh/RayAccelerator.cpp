@@ -125,6 +125,11 @@ struct RayAccelerator::Impl {
     Impl(const MeshTopology& mesh, bool refittable);
     void attachTriangles(bool refittable);
     void buildBesideNormals(const MeshTopology& mesh);
+    // Shares the mesh's current normals, which closest points report.
+    void takeNormals(const MeshTopology& mesh) {
+        vertexNormals = mesh.sharedVertexNormals(true);
+        faceNormals = mesh.sharedFaceNormals();
+    }
     void refit(const MeshTopology& mesh);
     std::array<Vec3, 3> corners(unsigned triangle) const;
     bool accepts(const HitFilter& filter, unsigned triangle) const {
@@ -220,16 +225,12 @@ RayAccelerator::Impl::Impl(const MeshTopology& mesh, bool refittable)
 // Embree's build leaves a core idle in its serial phases; the mesh's normals, which closest points
 // report, are worked out in them. Small meshes, built inside drag events, wake no other thread.
 void RayAccelerator::Impl::buildBesideNormals(const MeshTopology& mesh) {
-    const auto takeNormals = [&] {
-        vertexNormals = mesh.sharedVertexNormals(true);
-        faceNormals = mesh.sharedFaceNormals();
-    };
     if (mesh.numFaces() < kParallelMinimum) {
-        takeNormals();
+        takeNormals(mesh);
         return rtcCommitScene(scene.get());
     }
     tbb::task_group normals;
-    normals.run(takeNormals);
+    normals.run([&] { takeNormals(mesh); });
     try {
         rtcCommitScene(scene.get());
     } catch (...) {
@@ -257,8 +258,7 @@ void RayAccelerator::Impl::attachTriangles(bool refittable) {
 void RayAccelerator::Impl::refit(const MeshTopology& mesh) {
     std::copy(mesh.rawPoints(), mesh.rawPoints() + 3 * static_cast<std::size_t>(mesh.numVertices()),
               coords.begin());
-    vertexNormals = mesh.sharedVertexNormals(true);
-    faceNormals = mesh.sharedFaceNormals();
+    takeNormals(mesh);
     if (fan.numTriangles() == 0) return;
     RTCGeometry geometry = rtcGetGeometry(scene.get(), 0);
     rtcUpdateGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0);
