@@ -11,7 +11,7 @@ MHOST_DEFINE_MFN(MFnComponent, MFn::kComponent)
 namespace {
 
 const mhost::MeshComponent& attachedComponent(const MObject& object) {
-    mhost::MeshComponentPtr component = mhost::meshComponentOf(object);
+    const mhost::MeshComponent* component = mhost::meshComponentOf(object);
     if (!component) throw mhost::HostError("MFnComponent: no component attached");
     return *component;
 }
@@ -32,7 +32,7 @@ bool MFnComponent::isEmpty(MStatus* ReturnStatus) const { return elementCount(Re
 bool MFnComponent::isEqual(MObject& other, MStatus* ReturnStatus) const {
     return mhost::guardValue(ReturnStatus, [&] {
         const mhost::MeshComponent& mine = attachedComponent(fObject);
-        const mhost::MeshComponentPtr theirs = mhost::meshComponentOf(other);
+        const mhost::MeshComponent* theirs = mhost::meshComponentOf(other);
         if (!theirs || theirs->apiType() != mine.apiType()) return false;
         std::vector<int> a = mine.elements(), b = theirs->elements();
         std::sort(a.begin(), a.end());

@@ -13,7 +13,7 @@ MHOST_DEFINE_MFN(MFnSingleIndexedComponent, MFn::kSingleIndexedComponent)
 namespace {
 
 mhost::MeshComponent& attachedComponent(const MObject& object) {
-    mhost::MeshComponentPtr component = mhost::meshComponentOf(object);
+    mhost::MeshComponent* component = mhost::meshComponentOf(object);
     if (!component) throw mhost::HostError("MFnSingleIndexedComponent: no component attached");
     return *component;
 }
@@ -34,10 +34,11 @@ MStatus MFnSingleIndexedComponent::addElement(int element) {
 MStatus MFnSingleIndexedComponent::addElements(MIntArray& elements) {
     return mhost::guardStatus([&] {
         mhost::MeshComponent& component = attachedComponent(fObject);
-        const std::vector<int> ids = mhost::intsOf(elements);
-        if (std::any_of(ids.begin(), ids.end(), [](int id) { return id < 0; }))
-            throw mhost::HostError("MFnSingleIndexedComponent: negative element");
-        for (int id : ids) component.add(id);
+        const unsigned int count = elements.length();
+        for (unsigned int i = 0; i < count; ++i)
+            if (elements[i] < 0) throw mhost::HostError("MFnSingleIndexedComponent: negative element");
+        component.reserve(count);
+        for (unsigned int i = 0; i < count; ++i) component.add(elements[i]);
     });
 }
 

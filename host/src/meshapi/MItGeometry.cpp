@@ -19,8 +19,9 @@ namespace {
 constexpr const char* kOwner = "MItGeometry";
 constexpr MFn::Type kKind = MFn::kMeshVertComponent;
 
-MeshWalk walkOver(const MeshRef& mesh, const MObject& component) {
-    return MeshWalk(mesh, kKind, mhost::componentVertices(component, mesh.mesh()));
+MeshWalk walkOver(MeshRef mesh, const MObject& component) {
+    auto vertices = mhost::componentVertices(component, mesh.mesh());
+    return MeshWalk(std::move(mesh), kKind, std::move(vertices));
 }
 
 MeshRef handleMesh(MDataHandle& dataHandle) {
@@ -119,12 +120,13 @@ MStatus MItGeometry::reset() {
 
 MStatus MItGeometry::allPositions(MPointArray& points, MSpace::Space space) const {
     return walkStatus(fWalk, kOwner, [&](MeshWalk& walk) {
-        const std::vector<int> vertices = walk.elementIds();
+        const int count = walk.count();
+        // Every id is checked before the array changes, so a failed call leaves it as it was.
+        for (int i = 0; i < count; ++i) walk.elementAt(i);
         const mhost::MeshSpace& frame = walk.frame(space);
         const mhost::MeshTopology& mesh = walk.topology();
-        points.setLength(static_cast<unsigned int>(vertices.size()));
-        for (std::size_t i = 0; i < vertices.size(); ++i)
-            points[i] = frame.pointOut(Vec3(mesh.point(vertices[i])));
+        points.setLength(static_cast<unsigned int>(count));
+        for (int i = 0; i < count; ++i) points[i] = frame.pointOut(Vec3(mesh.point(walk.elementAt(i))));
     });
 }
 

@@ -29,13 +29,15 @@ Vec3 cornerNormal(const MeshTopology& mesh, int vertex, int face) {
                                  mesh.faces().offsets[face] + static_cast<int>(corner - corners.begin()));
 }
 
-std::vector<int> neighbourVertices(const MeshTopology& mesh, int vertex) {
-    std::vector<int> neighbours;
-    for (int edge : mesh.adjacency().vertexEdges(vertex)) {
+// Written straight into the caller's array: a brush asks for the neighbours of every vertex it moves.
+void neighbourVertices(const MeshTopology& mesh, int vertex, MIntArray& neighbours) {
+    const mhost::IndexRange edges = mesh.adjacency().vertexEdges(vertex);
+    neighbours.setLength(static_cast<unsigned int>(edges.size()));
+    unsigned int i = 0;
+    for (int edge : edges) {
         const auto ends = mesh.adjacency().edgeVertices(edge);
-        neighbours.push_back(ends.first == vertex ? ends.second : ends.first);
+        neighbours[i++] = ends.first == vertex ? ends.second : ends.first;
     }
-    return neighbours;
 }
 
 bool contains(const mhost::IndexRange& ids, int id) {
@@ -157,7 +159,7 @@ MStatus MItMeshVertex::getConnectedEdges(MIntArray& edgeList) {
 
 MStatus MItMeshVertex::getConnectedVertices(MIntArray& vertexList) {
     return walkStatus(fWalk, kOwner, [&](MeshWalk& walk) {
-        mhost::assignArray(vertexList, neighbourVertices(walk.topology(), walk.current()));
+        neighbourVertices(walk.topology(), walk.current(), vertexList);
     });
 }
 

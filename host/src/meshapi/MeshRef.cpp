@@ -23,10 +23,15 @@ MeshRef MeshRef::of(const MObject& object) {
 }
 
 MeshRef MeshRef::of(const MDagPath& path) {
+    MeshRef ref;
+    // Most paths handed to the mesh classes end at the shape already: no copy to extend.
+    if (path.isValid() && path.apiType() == MFn::kMesh) {
+        ref.shape_ = path.hostNodes().back();
+        return ref;
+    }
     MDagPath shapePath(path);
     if (!path.isValid() || !shapePath.extendToShape() || shapePath.apiType() != MFn::kMesh)
         fail("the path '" + std::string(path.fullPathName().asChar()) + "' leads to no mesh shape");
-    MeshRef ref;
     ref.shape_ = shapePath.hostNodes().back();
     return ref;
 }

@@ -32,6 +32,12 @@ int MeshWalk::current() const {
     return id;
 }
 
+int MeshWalk::elementAt(int place) const {
+    const int id = elements_ ? (*elements_)[place] : place;
+    checkIndex("mesh iterator", "element", id, elementCountOf(kind_, topology()));
+    return id;
+}
+
 std::vector<int> MeshWalk::elementIds() const {
     const int total = elementCountOf(kind_, topology());
     if (!elements_) {
@@ -65,7 +71,7 @@ const MeshSpace& MeshWalk::frame(MSpace::Space space) const {
 
 std::optional<std::vector<int>> componentElements(const MObject& component, MFn::Type kind) {
     if (component.isNull()) return std::nullopt;
-    const MeshComponentPtr mesh = meshComponentOf(component);
+    const MeshComponent* mesh = meshComponentOf(component);
     if (!mesh || mesh->apiType() != kind)
         throw HostError(std::string("mesh iterator: the component is no ") + typeName(kind));
     return mesh->elements();
@@ -73,7 +79,7 @@ std::optional<std::vector<int>> componentElements(const MObject& component, MFn:
 
 std::optional<std::vector<int>> componentVertices(const MObject& component, const MeshTopology& mesh) {
     if (component.isNull()) return std::nullopt;
-    const MeshComponentPtr parts = meshComponentOf(component);
+    const MeshComponent* parts = meshComponentOf(component);
     if (!parts) throw HostError("mesh iterator: the component is no mesh component");
     if (parts->apiType() == MFn::kMeshVertComponent) {
         // Ids past the mesh's last vertex name nothing and are passed over.

@@ -32,6 +32,9 @@ public:
     int current() const;
     // Every element the walk visits, in order; throws std::out_of_range when one is no longer in the mesh.
     std::vector<int> elementIds() const;
+    // The id at `place` among the elements to visit; throws std::out_of_range when it is no longer in
+    // the mesh. Spares a brush's few-vertex walks the list elementIds makes.
+    int elementAt(int place) const;
     // Makes `id` the current element and returns the one before (-1 when the walk was done). A walk over
     // a list resumes after the id's place in it, so the id must be on the list; throws otherwise.
     int moveTo(int id);

@@ -96,8 +96,8 @@ std::string MeshComponent::selectionSuffix() const {
 
 bool isMeshComponentType(MFn::Type type) { return kindOf(type) != nullptr; }
 
-MeshComponentPtr meshComponentOf(const MObject& object) {
-    return objectAs<MeshComponent>(object.hostObject());
+MeshComponent* meshComponentOf(const MObject& object) {
+    return dynamic_cast<MeshComponent*>(object.hostObject().get());
 }
 
 int elementCountOf(MFn::Type type, const MeshTopology& mesh) {

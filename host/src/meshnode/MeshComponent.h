@@ -28,6 +28,8 @@ public:
     // Adds an element that is not there yet; elements keep the order they were added in. Ids must not be
     // negative (HostError).
     void add(int element);
+    // Room for `count` more elements, for callers that add a known number.
+    void reserve(std::size_t count) { elements_.reserve(elements_.size() + count); }
     const std::vector<int>& elements() const { return elements_; }
 
 private:
@@ -42,8 +44,9 @@ private:
 using MeshComponentPtr = std::shared_ptr<MeshComponent>;
 
 bool isMeshComponentType(MFn::Type type);
-// The mesh component an MObject holds; null for anything else.
-MeshComponentPtr meshComponentOf(const MObject& object);
+// The mesh component an MObject holds, alive as long as the object holds it; null for anything else.
+// No share is taken: iterators and function sets look components up several times per vertex.
+MeshComponent* meshComponentOf(const MObject& object);
 // How many elements of the component's kind the mesh has.
 int elementCountOf(MFn::Type type, const MeshTopology& mesh);
 

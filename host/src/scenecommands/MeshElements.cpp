@@ -31,7 +31,7 @@ std::string idsOfName(const std::string& command, const std::string& name, MFn::
         for (int v = 0; v < shapeGeometry(shape)->mesh().numVertices(); ++v) ids.push_back(v);
         return "";
     }
-    const MeshComponentPtr component = meshComponentOf(match.component);
+    const MeshComponent* component = meshComponentOf(match.component);
     if (!component || component->apiType() != type) return noElements;
     shape = match.node;
     ids.insert(ids.end(), component->elements().begin(), component->elements().end());
