@@ -17,9 +17,9 @@ const MeshRef& attachedMesh(const MFnMesh& fn) {
     return attachmentOf(fn).mesh(FunctionSetAccess::object(fn), FunctionSetAccess::path(fn));
 }
 
-MeshSpace attachedSpace(const MFnMesh& fn, MSpace::Space space) {
-    const MeshRef& mesh = attachedMesh(fn);
-    return MeshSpace::isWorldSpace(space) ? mesh.worldSpace() : MeshSpace::objectSpace();
+const MeshSpace& attachedSpace(const MFnMesh& fn, MSpace::Space space) {
+    attachedMesh(fn);
+    return MeshSpace::isWorldSpace(space) ? attachmentOf(fn).worldSpace() : MeshSpace::objectSpace();
 }
 
 std::string uvSetName(const MeshTopology& mesh, const MString* uvSet) {

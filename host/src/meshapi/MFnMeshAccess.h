@@ -20,8 +20,9 @@ struct FunctionSetAccess {
 // The mesh the set is attached to; throws HostError when it has none. Resolved at the set's first
 // call and kept while the set stays attached to the same nodes.
 const MeshRef& attachedMesh(const MFnMesh& fn);
-// The frame of `space` for the set's mesh; throws as attachedMesh does.
-MeshSpace attachedSpace(const MFnMesh& fn, MSpace::Space space);
+// The frame of `space` for the set's mesh, valid until the set's next call; throws as attachedMesh
+// does.
+const MeshSpace& attachedSpace(const MFnMesh& fn, MSpace::Space space);
 // The UV set a call names: `uvSet`, or the mesh's current set when it is null.
 std::string uvSetName(const MeshTopology& mesh, const MString* uvSet);
 

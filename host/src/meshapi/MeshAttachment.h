@@ -6,9 +6,12 @@
 #include <maya/MDagPath.h>
 #include <maya/MObject.h>
 
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "meshapi/MeshRef.h"
+#include "meshapi/MeshSpace.h"
 
 namespace mhost {
 
@@ -18,6 +21,9 @@ public:
     // object or the path's nodes differ from the last call, or a node of the path was deleted; throws
     // HostError as MeshRef::of does, keeping what it had.
     const MeshRef& mesh(const MObject& object, const MDagPath& path);
+    // The world frame of the mesh last resolved, kept until a transform changes or the mesh is resolved
+    // again: a ray cast through the set then copies no matrices. The reference lasts until that change.
+    const MeshSpace& worldSpace();
 
 private:
     bool stillResolves(const MObject& object, const MDagPath& path) const;
@@ -25,6 +31,8 @@ private:
     const ApiObject* object_ = nullptr;
     std::vector<const Node*> pathNodes_;
     MeshRef mesh_;
+    std::optional<MeshSpace> world_;
+    std::uint64_t worldAtTransformEdit_ = 0;
 };
 
 }  // namespace mhost
