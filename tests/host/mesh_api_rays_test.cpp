@@ -6,6 +6,8 @@
 #include <maya/MFloatPoint.h>
 #include <maya/MFloatPointArray.h>
 #include <maya/MFloatVector.h>
+#include <maya/MFnGeometryData.h>
+#include <maya/MFnMeshData.h>
 #include <maya/MMeshIntersector.h>
 
 #include <cmath>
@@ -229,13 +231,36 @@ TEST_F(MeshApiRays, OneFunctionSetFollowsMovesEditsAndANewObject) {
     ASSERT_TRUE(other.getPoints(points));
     for (unsigned i = 0; i < points.length(); ++i) points[i].z -= 1;
     ASSERT_TRUE(other.setPoints(points));
+    const MDagPath moved = addMesh(unitCube(), "other");
+    ASSERT_TRUE(runCommand("setAttr other.translateZ -7"));
     EXPECT_FLOAT_EQ(-2.0f, firstHitZ(MSpace::kWorld)) << "another set's edit and the scale are both seen";
 
-    ASSERT_TRUE(fn.setObject(addMesh(unitCube(), "other")));
-    ASSERT_TRUE(runCommand("setAttr other.translateZ -7"));
-    EXPECT_FLOAT_EQ(-7.0f, firstHitZ(MSpace::kWorld)) << "setObject resolves the new mesh";
+    // No transform changes between the last ray and the next: only the new object tells.
+    ASSERT_TRUE(fn.setObject(moved));
+    EXPECT_FLOAT_EQ(-7.0f, firstHitZ(MSpace::kWorld)) << "setObject resolves the new mesh and its frame";
     ASSERT_TRUE(runCommand("delete other"));
     EXPECT_TRUE(std::isnan(firstHitZ(MSpace::kWorld))) << "a deleted mesh answers nothing";
+}
+
+TEST_F(MeshApiRays, RaysThroughMeshDataFollowItsMatrix) {
+    MFnMeshData dataFn;
+    MObject data = dataFn.create();
+    MFnMesh builder;
+    const MPointArray square =
+        pointArray({MPoint(0, 0, 0), MPoint(1, 0, 0), MPoint(1, 1, 0), MPoint(0, 1, 0)});
+    builder.create(4, 1, square, intArray({4}), intArray({0, 1, 2, 3}), data);
+    MFnMesh fn(data);
+    const auto hitZ = [&fn] {
+        MFloatPoint hit;
+        fn.closestIntersection(MFloatPoint(0.5f, 0.5f, -50), MFloatVector(0, 0, 1), nullptr, nullptr, false,
+                               MSpace::kWorld, 1000, false, nullptr, hit, nullptr, nullptr, nullptr, nullptr,
+                               nullptr, 1e-6f);
+        return hit.z;
+    };
+    EXPECT_FLOAT_EQ(0.0f, hitZ());
+    const double lift[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 4, 1}};
+    ASSERT_TRUE(MFnGeometryData(data).setMatrix(MMatrix(lift)));
+    EXPECT_FLOAT_EQ(4.0f, hitZ()) << "the data's new matrix, which no transform edit announces";
 }
 
 }  // namespace
