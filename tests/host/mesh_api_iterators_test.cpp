@@ -296,6 +296,25 @@ TEST_F(MeshApiIterators, GeometryIteratorPassesOverVertexIdsTheMeshLacks) {
     EXPECT_EQ(2u, positions.length());
 }
 
+TEST_F(MeshApiIterators, GeometryIteratorRefusesIdsTheMeshNoLongerHas) {
+    MFnSingleIndexedComponent vertices;
+    MObject component = vertices.create(MFn::kMeshVertComponent);
+    for (int id : {1, 7}) vertices.addElement(id);
+    MItGeometry it(cube, component);
+    const MPointArray square =
+        pointArray({MPoint(0, 0, 0), MPoint(1, 0, 0), MPoint(1, 1, 0), MPoint(0, 1, 0)});
+    MObject shape = cube.node();
+    ASSERT_FALSE(MFnMesh().create(4, 1, square, intArray({4}), intArray({0, 1, 2, 3}), shape).isNull());
+
+    MPointArray positions = pointArray({MPoint(9, 9, 9)});
+    EXPECT_FALSE(it.allPositions(positions));
+    ASSERT_EQ(1u, positions.length()) << "a refused read leaves the array as it was";
+    EXPECT_FALSE(it.setAllPositions(pointArray({MPoint(5, 5, 5), MPoint(5, 5, 5)})));
+    MPoint kept;
+    MFnMesh(cube).getPoint(1, kept);
+    EXPECT_TRUE(kept.isEquivalent(MPoint(1, 0, 0))) << "a refused write moves nothing";
+}
+
 // A node whose output is its input mesh lifted by one unit, moved in place through a writable
 // geometry iterator over the input's data handle.
 class LiftNode : public MPxNode {

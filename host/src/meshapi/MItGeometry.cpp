@@ -120,32 +120,36 @@ MStatus MItGeometry::reset() {
 
 MStatus MItGeometry::allPositions(MPointArray& points, MSpace::Space space) const {
     return walkStatus(fWalk, kOwner, [&](MeshWalk& walk) {
+        walk.checkElements();
         const int count = walk.count();
-        // Every id is checked before the array changes, so a failed call leaves it as it was.
-        for (int i = 0; i < count; ++i) walk.elementAt(i);
         const mhost::MeshSpace& frame = walk.frame(space);
-        const mhost::MeshTopology& mesh = walk.topology();
+        // The ids are checked: the coordinates are read straight, as a whole-mesh walk reads them all.
+        const float* coords = walk.topology().rawPoints();
         points.setLength(static_cast<unsigned int>(count));
-        for (int i = 0; i < count; ++i) points[i] = frame.pointOut(Vec3(mesh.point(walk.elementAt(i))));
+        for (int i = 0; i < count; ++i) {
+            const float* p = coords + 3 * static_cast<std::size_t>(walk.elementAt(i));
+            points[i] = frame.pointOut(Vec3(p[0], p[1], p[2]));
+        }
     });
 }
 
 MStatus MItGeometry::setAllPositions(const MPointArray& points, MSpace::Space space) {
     return walkStatus(fWalk, kOwner, [&](MeshWalk& walk) {
         requireWritable(fReadOnly);
-        const std::vector<int> vertices = walk.elementIds();
-        if (points.length() != vertices.size())
+        walk.checkElements();
+        const int count = walk.count();
+        if (points.length() != static_cast<unsigned int>(count))
             throw mhost::HostError("MItGeometry: " + std::to_string(points.length()) + " positions for " +
-                                   std::to_string(vertices.size()) + " points");
-        std::vector<mhost::Vec3f> objectPoints(vertices.size());
+                                   std::to_string(count) + " points");
+        std::vector<mhost::Vec3f> objectPoints(count);
         const mhost::MeshSpace& frame = walk.frame(space);
-        for (std::size_t i = 0; i < vertices.size(); ++i) {
+        for (int i = 0; i < count; ++i) {
             objectPoints[i] = mhost::Vec3f(frame.pointIn(points[i]));
             if (!mhost::isFinite(objectPoints[i]))
                 throw mhost::HostError("MItGeometry: a position is not finite");
         }
         walk.mesh().edit([&](MeshTopology& mesh) {
-            for (std::size_t i = 0; i < vertices.size(); ++i) mesh.setPoint(vertices[i], objectPoints[i]);
+            for (int i = 0; i < count; ++i) mesh.setPoint(walk.elementAt(i), objectPoints[i]);
         });
     });
 }

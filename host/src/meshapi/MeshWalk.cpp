@@ -1,7 +1,6 @@
 #include "meshapi/MeshWalk.h"
 
 #include <algorithm>
-#include <numeric>
 #include <unordered_set>
 
 #include "meshnode/MeshComponent.h"
@@ -32,21 +31,10 @@ int MeshWalk::current() const {
     return id;
 }
 
-int MeshWalk::elementAt(int place) const {
-    const int id = elements_ ? (*elements_)[place] : place;
-    checkIndex("mesh iterator", "element", id, elementCountOf(kind_, topology()));
-    return id;
-}
-
-std::vector<int> MeshWalk::elementIds() const {
+void MeshWalk::checkElements() const {
+    if (!elements_) return;
     const int total = elementCountOf(kind_, topology());
-    if (!elements_) {
-        std::vector<int> all(total);
-        std::iota(all.begin(), all.end(), 0);
-        return all;
-    }
     for (int id : *elements_) checkIndex("mesh iterator", "element", id, total);
-    return *elements_;
 }
 
 int MeshWalk::moveTo(int id) {

@@ -30,11 +30,11 @@ public:
     // The id of the current element; throws std::out_of_range when the walk is done or the element is
     // no longer in the mesh.
     int current() const;
-    // Every element the walk visits, in order; throws std::out_of_range when one is no longer in the mesh.
-    std::vector<int> elementIds() const;
-    // The id at `place` among the elements to visit; throws std::out_of_range when it is no longer in
-    // the mesh. Spares a brush's few-vertex walks the list elementIds makes.
-    int elementAt(int place) const;
+    // Throws std::out_of_range when an element the walk visits is no longer in the mesh.
+    void checkElements() const;
+    // The id at `place` (below count()) among the elements to visit, unchecked: calls that read or
+    // write every element check them all first, so that a refused call changes nothing.
+    int elementAt(int place) const { return elements_ ? (*elements_)[place] : place; }
     // Makes `id` the current element and returns the one before (-1 when the walk was done). A walk over
     // a list resumes after the id's place in it, so the id must be on the list; throws otherwise.
     int moveTo(int id);
