@@ -15,7 +15,7 @@ bool MeshAttachment::stillResolves(const MObject& object, const MDagPath& path) 
 const MeshRef& MeshAttachment::mesh(const MObject& object, const MDagPath& path) {
     if (stillResolves(object, path)) return mesh_;
     mesh_ = nodeOf(object) ? MeshRef::of(path) : MeshRef::of(object);
-    world_.reset();
+    world_.forget();
     object_ = object.hostObject().get();
     pathNodes_.clear();
     for (const NodePtr& node : path.hostNodes()) pathNodes_.push_back(node.get());
@@ -23,13 +23,6 @@ const MeshRef& MeshAttachment::mesh(const MObject& object, const MDagPath& path)
 }
 
 // Mesh data carries its own matrix, which no transform edit announces: its frame is taken afresh.
-const MeshSpace& MeshAttachment::worldSpace() {
-    if (!world_ || !mesh_.isShape() || worldAtTransformEdit_ != transformEditCount()) {
-        world_.emplace(mesh_.worldSpace());
-        // Taken after the frame: working out the matrix may clean transforms, which counts as an edit.
-        worldAtTransformEdit_ = transformEditCount();
-    }
-    return *world_;
-}
+const MeshSpace& MeshAttachment::worldSpace() { return world_.of(mesh_, !mesh_.isShape()); }
 
 }  // namespace mhost

@@ -6,12 +6,9 @@
 #include <maya/MDagPath.h>
 #include <maya/MObject.h>
 
-#include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "meshapi/MeshRef.h"
-#include "meshapi/MeshSpace.h"
 
 namespace mhost {
 
@@ -31,8 +28,7 @@ private:
     const ApiObject* object_ = nullptr;
     std::vector<const Node*> pathNodes_;
     MeshRef mesh_;
-    std::optional<MeshSpace> world_;
-    std::uint64_t worldAtTransformEdit_ = 0;
+    KeptWorldSpace world_;
 };
 
 }  // namespace mhost

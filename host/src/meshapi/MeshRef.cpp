@@ -69,18 +69,21 @@ MeshSpace MeshRef::worldSpace() const {
     if (!shape_) return MeshSpace(MSpace::kWorld, data()->matrix);
     struct Kept {
         std::weak_ptr<Node> shape;
-        std::uint64_t transformEdits = 0;
-        std::optional<MeshSpace> space;
+        KeptWorldSpace space;
     };
     thread_local Kept kept;
     const bool sameShape = !kept.shape.owner_before(shape_) && !shape_.owner_before(kept.shape);
-    if (!kept.space || !sameShape || kept.transformEdits != transformEditCount()) {
-        kept.space.emplace(MSpace::kWorld, worldMatrix());
-        kept.shape = shape_;
+    kept.shape = shape_;
+    return kept.space.of(*this, !sameShape);
+}
+
+const MeshSpace& KeptWorldSpace::of(const MeshRef& mesh, bool stale) {
+    if (!space_ || stale || transformEdits_ != transformEditCount()) {
+        space_.emplace(MSpace::kWorld, mesh.worldMatrix());
         // Taken after the matrix: working it out may clean the transforms' dirty flags, which counts.
-        kept.transformEdits = transformEditCount();
+        transformEdits_ = transformEditCount();
     }
-    return *kept.space;
+    return *space_;
 }
 
 void MeshRef::edit(const std::function<void(MeshTopology&)>& edit) const {

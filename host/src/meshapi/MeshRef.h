@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "graph/Node.h"
 #include "meshapi/MeshSpace.h"
@@ -49,6 +50,19 @@ private:
     mutable MeshDataPtr data_;
     // The shape's count of value edits when data_ was looked up.
     mutable std::uint64_t resolvedAtEdit_ = 0;
+};
+
+// A mesh's world frame kept from one call to the next until any transform in the scene moves.
+class KeptWorldSpace {
+public:
+    // The frame of `mesh`, worked out again when a transform moved since the last call or when
+    // `stale` says the kept one belongs to another mesh (or to data, whose matrix no edit announces).
+    const MeshSpace& of(const MeshRef& mesh, bool stale);
+    void forget() { space_.reset(); }
+
+private:
+    std::optional<MeshSpace> space_;
+    std::uint64_t transformEdits_ = 0;
 };
 
 }  // namespace mhost
